@@ -1,0 +1,21 @@
+// Texts of the main window's labels, and the procedures that set them.
+#pragma once
+
+#include <string>
+
+#include "core/game.h"
+#include "core/outside.h"
+
+namespace varkesh {
+
+// "1st Round, White Player (Human)".
+std::string TurnText(const Game& game);
+// "White's Knight »» Black's Queen"; empty when (fromX, fromY) holds no piece.
+std::string PieceText(const Game& game, int fromX, int fromY, int toX, int toY);
+// "Friday (Anarchy/Kingdom Lost)".
+std::string GameDescription(const Game& game);
+
+void UpdateCurrentPlayer(const Game& game, Outside& outside);
+void ShowPiece(const Game& game, Outside& outside, int fromX, int fromY, int toX, int toY);
+
+}  // namespace varkesh
