@@ -1,0 +1,27 @@
+// A pawn in a hostile keep: spend it to capture there, or free a prisoner.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/game.h"
+#include "core/outside.h"
+
+namespace varkesh {
+
+struct PawnOption {
+  bool onBoard = false;  // capture the piece on (argA, argB); else free prisoner argA
+  int argA = 0;
+  int argB = 0;
+  std::string text;  // "Capture Red's Light Bishop", "Free your Queen", ...
+};
+
+// Whether the piece now on (x, y) earns the options: a Pawn on any keep
+// square, a Castle Pawn on a square of a hostile keep.
+bool PawnOptionsDue(const Game& game, int x, int y);
+// The options of the pawn on (toX, toY), captures first, in the dialog's order.
+std::vector<PawnOption> ListPawnOptions(const Game& game, int toX, int toY);
+// Carries out the chosen option, sets pendingMoveMessage and plays its sound.
+void ApplyPawnOption(Game& game, Outside& outside, int toX, int toY, const PawnOption& option);
+
+}  // namespace varkesh

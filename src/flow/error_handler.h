@@ -1,0 +1,27 @@
+// The one way every procedure of substance reports an unexpected fault:
+// a block in "error_main.log", the "Varkesh Error" box, and the program goes on.
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "core/outside.h"
+
+namespace varkesh {
+
+void ReportError(Outside& outside, const std::string& module, const std::string& sub,
+                 int errNum, const std::string& description);
+
+// Runs body; a fault escaping it is reported under module and sub.
+template <class Body>
+void Guarded(Outside& outside, const char* module, const char* sub, Body&& body) {
+  try {
+    body();
+  } catch (const std::exception& error) {
+    ReportError(outside, module, sub, 1, error.what());
+  } catch (...) {
+    ReportError(outside, module, sub, 1, "Unknown fault");
+  }
+}
+
+}  // namespace varkesh

@@ -1,0 +1,20 @@
+// Saving and loading games in coded .vsh files.
+#pragma once
+
+#include <string>
+
+#include "core/game.h"
+#include "core/outside.h"
+
+namespace varkesh {
+
+void SaveGame(Game& game, Outside& outside, const std::string& path);
+// Replaces the game only when the whole file has been read; on failure the
+// running game stays exactly as it was and the error handler reports it.
+void LoadGame(Game& game, Outside& outside, const std::string& path);
+
+// The Save Game and Load Game menu commands.
+void SaveGameCommand(Game& game, Outside& outside);
+void LoadGameCommand(Game& game, Outside& outside);
+
+}  // namespace varkesh
