@@ -53,6 +53,7 @@ struct Game {
 
   // NetPlay.
   int netRole = kNetNone;
+  std::string localPlayerName;
   int myNodeId = 0;
   PerTeam<int> seatNode{};
   std::string pendingMoveMessage;

@@ -13,6 +13,9 @@ void SaveGame(Game& game, Outside& outside, const std::string& path);
 // running game stays exactly as it was and the error handler reports it.
 void LoadGame(Game& game, Outside& outside, const std::string& path);
 
+// The running game as plain text, as a host sends it to its clients.
+std::string GameImage(Game& game, Outside& outside);
+
 // The Save Game and Load Game menu commands.
 void SaveGameCommand(Game& game, Outside& outside);
 void LoadGameCommand(Game& game, Outside& outside);

@@ -46,6 +46,7 @@ Game ReadGameFile(const std::string& path);
 int CmdNew(const Args& args);
 int CmdMoves(const Args& args);
 int CmdApply(const Args& args);
+int CmdApplyComputer(const Args& args);  // apply --computer
 int CmdResign(const Args& args);
 int CmdDecode(const Args& args);
 int CmdEncode(const Args& args);
