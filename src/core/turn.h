@@ -11,4 +11,8 @@ namespace varkesh {
 // Leaves clickPending alone: callers that must drop a click clear it.
 void PassTurn(Game& game, Outside& outside);
 
+// The start of currentTeam's turn on a board without marks: mode 1 with the
+// moveable pieces listed and the turn clock restarted for a human, else mode 8.
+void StartTurn(Game& game, Outside& outside);
+
 }  // namespace varkesh

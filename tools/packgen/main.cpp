@@ -20,6 +20,11 @@ int main(int argc, char** argv) {
   }
 
   std::vector<PackEntry> entries = WriteStartPosition(out);
+  for (auto write : {WriteBoardArt, WritePieceArt, WriteMarkerArt, WriteHintArt, WriteTitleArt,
+                     WriteVictoryArt, WriteSounds}) {
+    std::vector<PackEntry> more = write(out);
+    entries.insert(entries.end(), more.begin(), more.end());
+  }
 
   QFile qrc(out.filePath("pack.qrc"));
   if (!qrc.open(QIODevice::WriteOnly | QIODevice::Truncate)) {

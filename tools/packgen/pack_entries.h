@@ -13,3 +13,11 @@ struct PackEntry {
 
 // The start position as records of the new game data.
 std::vector<PackEntry> WriteStartPosition(const QDir& out);
+// The artwork and the sounds.
+std::vector<PackEntry> WriteBoardArt(const QDir& out);
+std::vector<PackEntry> WritePieceArt(const QDir& out);
+std::vector<PackEntry> WriteMarkerArt(const QDir& out);
+std::vector<PackEntry> WriteHintArt(const QDir& out);
+std::vector<PackEntry> WriteTitleArt(const QDir& out);
+std::vector<PackEntry> WriteVictoryArt(const QDir& out);
+std::vector<PackEntry> WriteSounds(const QDir& out);

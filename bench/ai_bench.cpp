@@ -1,0 +1,160 @@
+// The computer opponent's cost: one turn at the start, one in a crowded
+// midgame, and whole games of computer seats through the main loop's passes.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include "ai/computer.h"
+#include "core/new_game_data.h"
+#include "engine/general_engine.h"
+#include "flow/main_loop.h"
+#include "flow/new_game.h"
+
+// Every heap allocation of the program is counted, to show what a turn costs.
+namespace {
+long allocations = 0;
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+  std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+
+namespace varkesh {
+namespace {
+
+constexpr const char* kStartPosition = VARKESH_PACK_DIR "/newgamedata.txt";
+
+// Answers every question at once and shows nothing: only the logic is timed.
+class SilentOutside : public Outside {
+ public:
+  NewGameChoice choice;
+
+  void ShowMessage(const std::string&, const std::string&) override {}
+  bool AskYesNo(const std::string&, const std::string&) override { return true; }
+  NewGameChoice RunNewGameDialog(const PerTeam<int>&, const std::string&) override {
+    return choice;
+  }
+  int RunPawnOptionsDialog(const std::vector<std::string>&) override { return -1; }
+  int RunConcedeDialog(const std::vector<int>& teams) override {
+    return teams.empty() ? 0 : teams.front();
+  }
+  std::string LoadFileDialog(const std::string&, const std::string&, const std::string&) override {
+    return "";
+  }
+  std::string SaveFileDialog(const std::string&, const std::string&, const std::string&,
+                             const std::string&) override {
+    return "";
+  }
+  void SetTurnLabel(const std::string&) override {}
+  void SetPieceLabel(const std::string&) override {}
+  void SetGameDescription(const std::string&) override {}
+  void SetMenuEnabled(Menu, bool) override {}
+  bool IsMenuChecked(Menu) const override { return false; }
+  void ShowPauseButton(bool) override {}
+  void PlaySound(const std::string&) override {}
+  std::string ExtractEntry(const std::string&) override { return kStartPosition; }
+  void SendToAll(const std::string&, int) override {}
+  void SendToClient(int, const std::string&) override {}
+  void Yield() override {}
+  double Now() override { return 0.0; }
+  GeneralEngine& Engine() override { return engine_; }
+
+ private:
+  GeneralEngine engine_;
+};
+
+Game StartPosition() {
+  Game game;
+  game.gameType = kAnarchy;
+  game.playerKinds = {kAggressive, kBalanced, kDefensive, kBalanced};
+  game.random.Seed(11);
+  LoadNewGameDataFile(game, kStartPosition);
+  return game;
+}
+
+// Fifteen rounds of a seeded game: pieces are out and lines open, few taken.
+Game CrowdedMidgame() {
+  Game game = StartPosition();
+  SilentOutside outside;
+  while (game.roundNumber <= 15) {
+    const int chosen = GetAImove(game, outside);
+    if (chosen == 0) break;
+    const MoveRec move = game.moveList[chosen];
+    game.moveFromX = move.fromX;
+    game.moveFromY = move.fromY;
+    game.moveToX = move.toX;
+    game.moveToY = move.toY;
+    CarryOutAImove(game, outside);
+  }
+  return game;
+}
+
+int LivePieces(const Game& game) {
+  int live = 0;
+  for (const Square& square : game.board.squares) live += square.piece > 0 ? 1 : 0;
+  return live;
+}
+
+void TimeOneTurn(benchmark::State& state, const Game& position) {
+  Game game = position;
+  SilentOutside outside;
+  GetAImove(game, outside);  // the lists grow to their size once
+  const long before = allocations;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(GetAImove(game, outside));
+  }
+  state.counters["allocs/turn"] =
+      static_cast<double>(allocations - before) / static_cast<double>(state.iterations());
+  state.counters["moves"] = game.moveList.Count();
+  state.counters["pieces"] = LivePieces(game);
+}
+
+void BM_GetAImoveStartPosition(benchmark::State& state) {
+  TimeOneTurn(state, StartPosition());
+}
+BENCHMARK(BM_GetAImoveStartPosition)->Unit(benchmark::kMicrosecond);
+
+void BM_GetAImoveCrowdedMidgame(benchmark::State& state) {
+  TimeOneTurn(state, CrowdedMidgame());
+}
+BENCHMARK(BM_GetAImoveCrowdedMidgame)->Unit(benchmark::kMicrosecond);
+
+// Whole games, New Game to the victory screen, at most 300 rounds each.
+void BM_SelfPlayGames(benchmark::State& state) {
+  SilentOutside outside;
+  outside.choice = {
+      true, kAnarchy, kKingdomLost, {kAggressive, kBalanced, kDefensive, kBalanced}, "Bench"};
+  GameView view;
+  std::uint64_t seed = 1;
+  std::int64_t moves = 0;
+  for (auto _ : state) {
+    Game game;
+    game.random.Seed(seed++);
+    NewGameCommand(game, outside);
+    while ((game.gameMode == ModeComputerThinks || game.gameMode == ModeComputerMoves) &&
+           game.roundNumber <= 300) {
+      moves += game.gameMode == ModeComputerMoves ? 1 : 0;
+      RunPass(game, outside, view);
+    }
+  }
+  state.counters["games/s"] =
+      benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+  state.counters["moves/game"] =
+      static_cast<double>(moves) / static_cast<double>(state.iterations());
+}
+BENCHMARK(BM_SelfPlayGames)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace varkesh
+
+BENCHMARK_MAIN();

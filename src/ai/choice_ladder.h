@@ -1,0 +1,45 @@
+// The second phase of the computer's turn: a fixed ladder of tiers picks one
+// move of the scored list. Clear gains and dangers come first; otherwise a
+// short list of safe enough moves is narrowed by the stage of the game and
+// the personality.
+#pragma once
+
+#include "ai/ai_log.h"
+#include "ai/move_scoring.h"
+#include "core/game.h"
+#include "core/outside.h"
+
+namespace varkesh {
+
+enum class AiTier {
+  TopMove,
+  TopThreat,
+  BestOfTheWorst,
+  PawnIntoKeep,
+  StartingPawn,
+  StartingKnight,
+  AdvancesPawn,
+  BestOfWhatsLeft,
+  RandomMove,
+};
+
+// "top move", "best of what's left", ...
+const char* TierName(AiTier tier);
+
+struct AiChoice {
+  int index = 0;  // into game.moveList; 0 when there is no move
+  AiTier tier = AiTier::TopMove;
+};
+
+// The personality that plays: requested when above 0, else the seat's own;
+// a seat value beyond the table plays as the last personality. 0 for a human.
+int ResolvePersonality(const Game& game, int requested);
+
+// The ladder over a scored game.moveList, for personality 1 to 3.
+AiChoice ClimbLadder(Game& game, const ScoreSummary& scores, int personality, const AiLog& log);
+
+// The whole turn: list, scores, ladder and "ai.log". A personality above 0
+// stands in for the seat's own; a human seat without one has no move.
+AiChoice ChooseAImove(Game& game, Outside& outside, int personality = 0);
+
+}  // namespace varkesh

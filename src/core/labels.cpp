@@ -1,0 +1,111 @@
+#include "core/labels.h"
+
+#include <array>
+
+namespace varkesh {
+
+namespace {
+
+constexpr const char* kError = "~~error~~";
+
+std::string OrdinalEnding(int number) {
+  if (number >= 11 && number <= 13) return "th";
+  switch (number % 10) {
+    case 1:
+      return "st";
+    case 2:
+      return "nd";
+    case 3:
+      return "rd";
+    default:
+      return "th";
+  }
+}
+
+std::string PlayerKindText(int kind) {
+  static constexpr std::array<const char*, 4> kKinds = {" (Human)", " (Aggressive)", " (Balanced)",
+                                                        " (Defensive)"};
+  if (kind < 0 || kind >= static_cast<int>(kKinds.size())) return std::string(" (") + kError + ")";
+  return kKinds[static_cast<std::size_t>(kind)];
+}
+
+std::string GameTypeName(int gameType) {
+  switch (gameType) {
+    case kAlliedNeighbors:
+      return "Allied Neighbors";
+    case kCrossroadAllies:
+      return "Crossroad Allies";
+    case kAnarchy:
+      return "Anarchy";
+    default:
+      return kError;
+  }
+}
+
+std::string RuleName(int rule) {
+  switch (rule) {
+    case kKingdomGained:
+      return "Kingdom Gained";
+    case kKingdomLost:
+      return "Kingdom Lost";
+    case kKingdomFrozen:
+      return "Kingdom Frozen";
+    default:
+      return kError;
+  }
+}
+
+// "Black's Queen"; a frozen piece is named by its kind, so the player can
+// still tell what stands there.
+std::string DescribeSquare(const Square& square, int x, int y) {
+  std::string text = TeamPossessive(square.team);
+  if (square.piece < 0) return text + " frozen " + PieceTitle(-square.piece, x, y);
+  return text + " " + PieceTitle(square.piece, x, y);
+}
+
+bool HoldsPiece(const Game& game, int x, int y) {
+  return Board::InBounds(x, y) && game.board.at(x, y).piece != kNoPiece;
+}
+
+}  // namespace
+
+std::string TeamPossessive(int team) {
+  if (TeamIndex(team) < 0) return kError;
+  return std::string(TeamName(team)) + "'s";
+}
+
+std::string PieceTitle(int kind, int x, int y) {
+  if (kind == kBishop) return (x + y) % 2 == 0 ? "Dark Bishop" : "Light Bishop";
+  return PieceName(kind);
+}
+
+std::string TurnText(const Game& game) {
+  std::string player = TeamIndex(game.currentTeam) < 0
+                           ? kError
+                           : std::string(TeamName(game.currentTeam)) + " Player";
+  return std::to_string(game.roundNumber) + OrdinalEnding(game.roundNumber) + " Round, " + player +
+         PlayerKindText(TeamEntry(game.playerKinds, game.currentTeam, -1));
+}
+
+std::string PieceText(const Game& game, int fromX, int fromY, int toX, int toY) {
+  if (!HoldsPiece(game, fromX, fromY)) return "";
+  std::string text = DescribeSquare(game.board.at(fromX, fromY), fromX, fromY);
+  if (HoldsPiece(game, toX, toY))
+    text += " \u00bb\u00bb " + DescribeSquare(game.board.at(toX, toY), toX, toY);
+  return text;
+}
+
+std::string GameDescription(const Game& game) {
+  return game.gameName + " (" + GameTypeName(game.gameType) + "/" + RuleName(game.kingCaptureRule) +
+         ")";
+}
+
+void UpdateCurrentPlayer(const Game& game, Outside& outside) {
+  outside.SetTurnLabel(TurnText(game));
+}
+
+void ShowPiece(const Game& game, Outside& outside, int fromX, int fromY, int toX, int toY) {
+  outside.SetPieceLabel(PieceText(game, fromX, fromY, toX, toY));
+}
+
+}  // namespace varkesh

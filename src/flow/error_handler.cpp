@@ -1,0 +1,48 @@
+#include "flow/error_handler.h"
+
+#include <array>
+#include <ctime>
+#include <fstream>
+
+#include "engine/general_engine.h"
+
+namespace varkesh {
+
+namespace {
+
+// "2026-Nov-3 14:02:09", local time.
+std::string ErrorStamp() {
+  static constexpr std::array<const char*, 12> kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char clock[16];
+  std::strftime(clock, sizeof clock, "%H:%M:%S", &local);
+  return std::to_string(local.tm_year + 1900) + "-" +
+         kMonths[static_cast<std::size_t>(local.tm_mon)] + "-" + std::to_string(local.tm_mday) +
+         " " + clock;
+}
+
+}  // namespace
+
+void ReportError(Outside& outside, const std::string& module, const std::string& sub, int errNum,
+                 const std::string& description) {
+  const std::array<std::string, 8> lines = {"",
+                                            "--------------------",
+                                            "Error Generated at: " + ErrorStamp() + " ...",
+                                            "Module = " + module,
+                                            "Sub = " + sub,
+                                            "ErrNum = " + std::to_string(errNum),
+                                            "ErrDesc = " + description,
+                                            "===================="};
+  // A log that cannot be written must not hide the fault from the player.
+  std::ofstream log(outside.Engine().appPath + "error_main.log", std::ios::app | std::ios::binary);
+  for (const std::string& line : lines) log << line << "\r\n";
+  log.close();
+  outside.ShowMessage("Varkesh Error",
+                      "An error has been detected with the game application.\n"
+                      "Details are being written to a log file: 'error_main.log'");
+}
+
+}  // namespace varkesh

@@ -1,0 +1,235 @@
+#include "ui/board_view.h"
+
+#include <QString>
+#include <array>
+#include <utility>
+
+#include "engine/general_engine.h"
+#include "ui/board_layout.h"
+
+namespace varkesh {
+namespace {
+
+constexpr int kHintPixels = 144;
+constexpr PixelPoint kHintCorner{228, 228};
+constexpr Rgb kNameColour{255, 255, 255};
+// White, Blue, Black, Red: beside the tips of their keeps.
+constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{{{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
+constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
+constexpr int kFrameRateSpan = 250;       // milliseconds
+
+constexpr int kBannerWidth = 270, kBannerHeight = 95, kBannerY = 300;
+constexpr int kFlagWidth = 150, kFlagHeight = 57;
+constexpr PixelPoint kFlagCorner{195, 20};
+constexpr int kCoWinnerFlagY = 80;
+// The background behind the flags, taken from five pixels lower.
+constexpr int kFlagBackdropSourceY = 25, kFlagBackdropWidth = 155, kFlagBackdropHeight = 130;
+
+const char* PlayerLabel(int playerKind) {
+  switch (playerKind) {
+    case kHuman:
+      return "Human";
+    case kAggressive:
+      return "Comp (Agr)";
+    case kBalanced:
+      return "Comp (Bal)";
+    case kDefensive:
+      return "Comp (Def)";
+    default:
+      return "";
+  }
+}
+
+int TeamOn(const Game& game, int x, int y) {
+  return Board::InBounds(x, y) ? game.board.at(x, y).team : kNoTeam;
+}
+
+bool IsTeam(int team) { return TeamIndex(team) >= 0; }
+
+}  // namespace
+
+BoardView::BoardView(Gdi& gdi, GeneralEngine& engine, const BoardArt& art, BoardViewHooks hooks)
+    : gdi_(gdi), engine_(engine), art_(art), hooks_(std::move(hooks)) {}
+
+void BoardView::DrawBoardWithPieces(Game& game) {
+  if (!game.boardChanged) return;
+  gdi_.Blit(art_.board, 0, 0, gdi_.PictureWidth(art_.board), gdi_.PictureHeight(art_.board),
+            art_.boardCanvas, 0, 0, RasterOp::Copy);
+  for (int y = 0; y < kBoardSide; ++y) {
+    for (int x = 0; x < kBoardSide; ++x) {
+      const Square& square = game.board.at(x, y);
+      if (square.team == kNoTeam || square.piece == kNoPiece) continue;
+      PixelPoint sprite = SpriteCell(square.team, square.piece);
+      PixelPoint at = PieceCorner(x, y);
+      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels,
+                      art_.pieceMask, 0, 0, art_.boardCanvas, at.x, at.y);
+      if (square.piece < 0) {
+        PixelPoint cell = SquareCorner(x, y);
+        gdi_.MaskedBlit(art_.history, kFrostCell, MarkerRow(square.team) * kSquarePixels,
+                        kSquarePixels, kSquarePixels, art_.history, kFrostCell, 0,
+                        art_.boardCanvas, cell.x, cell.y);
+      }
+    }
+  }
+  gdi_.Blit(art_.boardCanvas, 0, 0, gdi_.PictureWidth(art_.boardCanvas),
+            gdi_.PictureHeight(art_.boardCanvas), art_.backBuffer, 0, 0, RasterOp::Copy);
+  DrawPlayerNames(game);
+  game.viewChanged = true;
+}
+
+void BoardView::DrawPlayerNames(const Game& game) {
+  for (int team = 1; team <= kTeamCount; ++team) {
+    PixelPoint at = kNamePlaces[static_cast<std::size_t>(team - 1)];
+    gdi_.DrawText(art_.backBuffer, art_.boardFont, kNameColour, at.x, at.y,
+                  PlayerLabel(TeamEntry(game.playerKinds, team)));
+  }
+}
+
+void BoardView::ShowHistory(Game& game) {
+  const auto& checked = hooks_.isMenuChecked;
+  if (checked(Menu::History0)) return;
+  auto draw = [&](const HistoryMove& move) {
+    if (move.Empty()) return;
+    DrawHistoricMove(move.fromX, move.fromY, move.toX, move.toY, move.team, move.wasCapture);
+    game.viewChanged = true;
+  };
+  // Oldest first, so that the newest lies on top.
+  if (checked(Menu::History3)) {
+    draw(game.history[2]);
+    draw(game.history[1]);
+  }
+  if (checked(Menu::History1) || checked(Menu::History3)) draw(game.history[0]);
+}
+
+void BoardView::DrawHistoricMove(int fromX, int fromY, int toX, int toY, int team,
+                                 bool wasCapture) {
+  DrawMoveMarkers(fromX, fromY, toX, toY, MarkerRow(team),
+                  wasCapture ? kCaptureEndCell : kMoveEndCell);
+}
+
+void BoardView::DrawDungeons(Game& game) {
+  if (!game.boardChanged) return;
+  for (int team = 1; team <= kTeamCount; ++team) {
+    const Dungeon& dungeon = game.dungeons[static_cast<std::size_t>(team - 1)];
+    for (int i = 1; i <= dungeon.PrisonerCount(); ++i) {
+      PixelPoint sprite = SpriteCell(dungeon.prisoners[i].team, dungeon.prisoners[i].piece);
+      PixelPoint at = DungeonPlace(team, i);
+      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels,
+                      art_.pieceMask, 0, 0, art_.backBuffer, at.x, at.y);
+    }
+  }
+  game.viewChanged = true;
+}
+
+void BoardView::DrawSquares(Game& game) {
+  if (!hooks_.isMenuChecked(Menu::OptionIndicator) || game.moveablePieces.Count() < 1) return;
+  double now = hooks_.clock();
+  if (now - strobeLastDrawn_ <= kStrobeInterval) return;
+  // The base's shading takes the strobe's present colour.
+  gdi_.FillPicture(art_.squareCanvas, gdi_.StrobeColour(art_.strobeSquares));
+  gdi_.Blit(art_.squareBase, 0, 0, gdi_.PictureWidth(art_.squareBase),
+            gdi_.PictureHeight(art_.squareBase), art_.squareCanvas, 0, 0, RasterOp::And);
+  int width = gdi_.PictureWidth(art_.squareCanvas);
+  int height = gdi_.PictureHeight(art_.squareCanvas);
+  for (const BoardSquare& square : game.moveablePieces) {
+    PixelPoint at = SquareCorner(square.x, square.y);
+    gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0,
+                    art_.backBuffer, at.x, at.y);
+  }
+  game.viewChanged = true;
+  strobeLastDrawn_ = now;
+}
+
+void BoardView::DrawSelection(Game& game, int x, int y, bool preview) {
+  int row = preview ? kPreviewRow : MarkerRow(TeamOn(game, x, y));
+  PixelPoint at = SquareCorner(x, y);
+  DrawMarker(kMoveStartCell, row, at.x, at.y);
+  game.viewChanged = true;
+}
+
+void BoardView::DrawMove(Game& game, int fromX, int fromY, int toX, int toY, bool preview) {
+  int mover = TeamOn(game, fromX, fromY);
+  int target = TeamOn(game, toX, toY);
+  // A move onto an own piece is the castle move, not a capture.
+  bool capture = target != kNoTeam && target != mover;
+  DrawMoveMarkers(fromX, fromY, toX, toY, preview ? kPreviewRow : MarkerRow(mover),
+                  capture ? kCaptureEndCell : kMoveEndCell);
+  game.viewChanged = true;
+}
+
+void BoardView::DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell) {
+  PixelPoint start = SquareCorner(fromX, fromY);
+  PixelPoint end = SquareCorner(toX, toY);
+  DrawMarker(kMoveStartCell, row, start.x, start.y);
+  DrawMarker(endCell, row, end.x, end.y);
+  for (const PathCell& step : MovePath(fromX, fromY, toX, toY))
+    DrawMarker(step.cellX, row, step.at.x, step.at.y);
+}
+
+void BoardView::DrawMarker(int cellX, int row, int x, int y) {
+  gdi_.MaskedBlit(art_.history, cellX, row * kSquarePixels, kSquarePixels, kSquarePixels,
+                  art_.history, cellX, 0, art_.backBuffer, x, y);
+}
+
+void BoardView::DrawHint(Game&, Hint hint) {
+  PicNum picture = hint == Hint::ChoosePiece  ? art_.hintPiece
+                   : hint == Hint::ChooseMove ? art_.hintMove
+                                              : art_.hintConfirm;
+  gdi_.Blit(art_.hintShade, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x,
+            kHintCorner.y, RasterOp::And);
+  gdi_.Blit(picture, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x,
+            kHintCorner.y, RasterOp::Or);
+}
+
+void BoardView::ShowViewport() { gdi_.ShowViewport(art_.view); }
+
+void BoardView::AdvanceStrobes() { gdi_.AdvanceStrobes(); }
+
+void BoardView::UpdateFrameRate() {
+  double rate = gdi_.FrameRate(kFrameRateSpan);
+  if (hooks_.showFrameRate) hooks_.showFrameRate(QString::number(rate, 'f', 2).toStdString());
+}
+
+void BoardView::LoadTitle() {
+  title_ = gdi_.NewPicNum();
+  LogStartUpStep(engine_, "+ Picture to Load: titlescreen");
+  gdi_.LoadPicture(title_, hooks_.entryPath("titlescreen"));
+}
+
+void BoardView::ShowTitle() {
+  gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
+            0, 0, RasterOp::Copy);
+  gdi_.ShowViewport(art_.view);
+}
+
+void BoardView::ClearTitle() { gdi_.ClearPicture(title_); }
+
+void BoardView::DrawVictory(const Game& game) {
+  gdi_.Blit(art_.victory, 0, 0, kViewPixels, kViewPixels, art_.backBuffer, 0, 0, RasterOp::Copy);
+  auto banner = [&](int team, int x) {
+    if (!IsTeam(team)) return;
+    gdi_.MaskedBlit(art_.victoryWords, 0, team * kBannerHeight, kBannerWidth, kBannerHeight,
+                    art_.victoryWords, 0, 0, art_.backBuffer, x, kBannerY);
+  };
+  if (IsTeam(game.coWinner)) {
+    banner(game.winner, 15);
+    banner(game.coWinner, 330);
+  } else {
+    banner(game.winner, 165);
+  }
+}
+
+void BoardView::DrawVictoryFlags(const Game& game, int winnerFrame, int coWinnerFrame) {
+  gdi_.Blit(art_.victory, kFlagCorner.x, kFlagBackdropSourceY, kFlagBackdropWidth,
+            kFlagBackdropHeight, art_.backBuffer, kFlagCorner.x, kFlagCorner.y, RasterOp::Copy);
+  DrawFlag(game.winner, winnerFrame, kFlagCorner.y);
+  if (coWinnerFrame >= 0) DrawFlag(game.coWinner, coWinnerFrame, kCoWinnerFlagY);
+}
+
+void BoardView::DrawFlag(int team, int frame, int y) {
+  if (!IsTeam(team)) return;
+  gdi_.MaskedBlit(art_.flags, frame * kFlagWidth, team * kFlagHeight, kFlagWidth, kFlagHeight,
+                  art_.flags, frame * kFlagWidth, 0, art_.backBuffer, kFlagCorner.x, y);
+}
+
+}  // namespace varkesh

@@ -1,0 +1,65 @@
+// The game drawn through the drawing engine onto the main view's back
+// buffer: the board with pieces and names, the prisoners, the strobe, the
+// moves as paths, the hints, the title and the victory screen.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/outside.h"
+#include "engine/gdi.h"
+#include "flow/game_view.h"
+#include "ui/board_art.h"
+
+namespace varkesh {
+
+struct GeneralEngine;
+
+// What the board view asks of the program around it.
+struct BoardViewHooks {
+  EntryPath entryPath;
+  std::function<bool(Menu)> isMenuChecked;
+  std::function<double()> clock;  // seconds
+  std::function<void(const std::string&)> showFrameRate;
+};
+
+class BoardView : public GameView {
+ public:
+  BoardView(Gdi& gdi, GeneralEngine& engine, const BoardArt& art, BoardViewHooks hooks);
+
+  void DrawBoardWithPieces(Game& game) override;
+  void ShowHistory(Game& game) override;
+  void DrawDungeons(Game& game) override;
+  void DrawSquares(Game& game) override;
+  void DrawSelection(Game& game, int x, int y, bool preview) override;
+  void DrawMove(Game& game, int fromX, int fromY, int toX, int toY, bool preview) override;
+  void DrawHint(Game& game, Hint hint) override;
+  void ShowViewport() override;
+  void AdvanceStrobes() override;
+  void UpdateFrameRate() override;
+
+  void LoadTitle() override;
+  void ShowTitle() override;
+  void ClearTitle() override;
+
+  void DrawVictory(const Game& game) override;
+  void DrawVictoryFlags(const Game& game, int winnerFrame, int coWinnerFrame) override;
+
+  // A past move in the colours of the team that made it.
+  void DrawHistoricMove(int fromX, int fromY, int toX, int toY, int team, bool wasCapture);
+
+ private:
+  void DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell);
+  void DrawMarker(int cellX, int row, int x, int y);
+  void DrawPlayerNames(const Game& game);
+  void DrawFlag(int team, int frame, int y);
+
+  Gdi& gdi_;
+  GeneralEngine& engine_;
+  BoardArt art_;
+  BoardViewHooks hooks_;
+  PicNum title_ = -1;
+  double strobeLastDrawn_ = 0.0;
+};
+
+}  // namespace varkesh

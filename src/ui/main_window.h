@@ -1,0 +1,80 @@
+// The one window of the game: three labels on top, the board view under
+// them, and the menu bar. It turns menu commands into calls of the logic and
+// holds no game logic of its own.
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <memory>
+
+#include "core/game.h"
+#include "core/outside.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+
+namespace varkesh {
+
+struct DesktopServices;
+class QtOutside;
+class ViewWidget;
+
+// The game's pages on the web, opened from the Help menu.
+struct WebPages {
+  static constexpr const char* kHome = "https://varkesh.example.org/";
+  static constexpr const char* kMessageBoard = "https://varkesh.example.org/forum";
+  static constexpr const char* kFindOpponents = "https://varkesh.example.org/opponents";
+};
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  MainWindow(Game& game, const DesktopServices& services);
+  ~MainWindow() override;
+
+  QtOutside& outside() { return *outside_; }
+  // A file or web page in the system's default application.
+  void OpenDocument(const std::string& pathOrAddress);
+  // A file of the program's folder, such as "ReadMe.txt".
+  void OpenProgramFile(const char* name);
+  ViewWidget& view() { return *view_; }
+  QLabel& gameDescriptionLabel() { return *gameDescription_; }
+  QLabel& turnLabel() { return *turn_; }
+  QLabel& pieceLabel() { return *piece_; }
+
+  QAction& menuAction(Menu menu) const { return *menus_.at(menu); }
+  void SetMenuEnabled(Menu menu, bool enabled);
+  bool IsMenuChecked(Menu menu) const;
+  // Only for the option entries; History entries uncheck their sisters.
+  void SetMenuChecked(Menu menu, bool checked);
+
+  // True while a menu command runs: its dialogs hold the main loop, as the
+  // loop does not advance inside an event.
+  bool CommandRunning() const { return commandDepth_ > 0; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void PlaceOnScreen();
+  void BuildMenus();
+  QAction* AddEntry(QMenu* menu, const char* objectName, const char* text,
+                    const QKeySequence& key = {});
+  void LayOutInnerArea();
+  template <class Body>
+  void RunCommand(const char* sub, Body&& body);
+
+  Game& game_;
+  std::unique_ptr<QtOutside> outside_;
+  QLabel* gameDescription_ = nullptr;
+  QLabel* turn_ = nullptr;
+  QLabel* piece_ = nullptr;
+  ViewWidget* view_ = nullptr;
+  std::map<Menu, QAction*> menus_;
+  int commandDepth_ = 0;
+};
+
+}  // namespace varkesh

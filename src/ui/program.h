@@ -1,0 +1,38 @@
+// Everything the desktop program holds for its whole run, in the order in
+// which it is built and, backwards, taken down.
+#pragma once
+
+#include <memory>
+
+#include "core/game.h"
+#include "engine/general_engine.h"
+#include "engine/sound.h"
+#include "persist/pack_reader.h"
+#include "persist/settings.h"
+#include "ui/documents.h"
+
+namespace varkesh {
+
+class BoardView;
+class Gdi;
+class MainWindow;
+
+struct Program {
+  Program();
+  ~Program();
+
+  Game game;
+  GeneralEngine engine;
+  PackReader pack;
+  SoundPlayer sound;
+  // Set before StartUp to use another store or other file dialogs; StartUp
+  // fills in the desktop's for those left empty.
+  std::unique_ptr<SettingsStore> settings;
+  std::unique_ptr<Documents> documents;
+  std::unique_ptr<Gdi> gdi;
+  std::unique_ptr<BoardView> view;
+  std::unique_ptr<MainWindow> window;
+  int mainView = 0;
+};
+
+}  // namespace varkesh

@@ -1,0 +1,61 @@
+// The game logic's window on the desktop: message boxes, the dialogs, the
+// labels and menus of the main window, sound, and the clock.
+#pragma once
+
+#include "core/outside.h"
+
+namespace varkesh {
+
+class Documents;
+class MainWindow;
+class PackReader;
+class SoundPlayer;
+
+// What the window and the logic use of the world beyond the window.
+struct DesktopServices {
+  GeneralEngine& engine;
+  PackReader& pack;
+  SoundPlayer& sound;
+  Documents& documents;
+};
+
+class QtOutside : public Outside {
+ public:
+  QtOutside(MainWindow& window, const DesktopServices& services)
+      : window_(window), services_(services) {}
+
+  void ShowMessage(const std::string& title, const std::string& text) override;
+  bool AskYesNo(const std::string& title, const std::string& text) override;
+  NewGameChoice RunNewGameDialog(const PerTeam<int>& lastPlayers,
+                                 const std::string& proposedName) override;
+  int RunPawnOptionsDialog(const std::vector<std::string>& lines) override;
+  int RunConcedeDialog(const std::vector<int>& teams) override;
+  std::string LoadFileDialog(const std::string& title, const std::string& filter,
+                             const std::string& initialName) override;
+  std::string SaveFileDialog(const std::string& title, const std::string& filter,
+                             const std::string& initialName,
+                             const std::string& defaultExtension) override;
+  void SetTurnLabel(const std::string& text) override;
+  void SetPieceLabel(const std::string& text) override;
+  void SetGameDescription(const std::string& text) override;
+  void SetMenuEnabled(Menu menu, bool enabled) override;
+  bool IsMenuChecked(Menu menu) const override;
+  void ShowPauseButton(bool visible) override;
+  void PlaySound(const std::string& entry) override;
+  std::string ExtractEntry(const std::string& entry) override;
+  // This version has no NetPlay, so nothing is ever sent.
+  void SendToAll(const std::string&, int) override {}
+  void SendToClient(int, const std::string&) override {}
+  void Yield() override;
+  double Now() override;
+  GeneralEngine& Engine() override { return services_.engine; }
+
+  // A file or web page, opened in the system's default application.
+  void OpenDocument(const std::string& pathOrAddress);
+
+ private:
+  MainWindow& window_;
+  DesktopServices services_;
+};
+
+}  // namespace varkesh

@@ -1,0 +1,149 @@
+#include "ui/startup.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <chrono>
+#include <filesystem>
+
+#include "engine/gdi.h"
+#include "ui/board_view.h"
+#include "ui/main_window.h"
+#include "ui/qt_outside.h"
+#include "ui/view_widget.h"
+
+namespace varkesh {
+
+namespace {
+
+constexpr int kMaximized = 2;
+
+std::uint64_t ClockSeed() {
+  return static_cast<std::uint64_t>(
+      std::chrono::high_resolution_clock::now().time_since_epoch().count());
+}
+
+// A stored place that lies on no screen any more (a monitor was removed, or
+// the store was edited) would hide the window, so it is not used.
+bool OnSomeScreen(const QRect& place) {
+  for (const QScreen* screen : QGuiApplication::screens())
+    if (screen->availableGeometry().intersects(place)) return true;
+  return false;
+}
+
+void ApplyStoredPlacement(MainWindow& window, const SettingsStore& store) {
+  const WindowPlacement stored = ReadWindowPlacement(store, "Main");
+  QRect place = window.geometry();
+  if (stored.top) place.moveTop(*stored.top);
+  if (stored.left) place.moveLeft(*stored.left);
+  if (stored.height && *stored.height > 0) place.setHeight(*stored.height);
+  if (stored.width && *stored.width > 0) place.setWidth(*stored.width);
+  if (OnSomeScreen(place)) window.setGeometry(place);
+  if (stored.state == kMaximized) window.setWindowState(Qt::WindowMaximized);
+}
+
+void ApplyStoredOptions(MainWindow& window, const SettingsStore& store) {
+  OptionMarks defaults;
+  defaults.sfx = window.IsMenuChecked(Menu::OptionsSfx);
+  defaults.indicator = window.IsMenuChecked(Menu::OptionIndicator);
+  defaults.showComp = window.IsMenuChecked(Menu::OptionsShowComp);
+  defaults.hints = window.IsMenuChecked(Menu::OptionsHints);
+  const OptionMarks marks = ReadOptionMarks(store, defaults);
+  window.SetMenuChecked(Menu::OptionsSfx, marks.sfx);
+  window.SetMenuChecked(Menu::OptionIndicator, marks.indicator);
+  window.SetMenuChecked(Menu::OptionsShowComp, marks.showComp);
+  window.SetMenuChecked(Menu::OptionsHints, marks.hints);
+  window.SetMenuChecked(marks.history == 0   ? Menu::History0
+                        : marks.history == 1 ? Menu::History1
+                                             : Menu::History3,
+                        true);
+}
+
+OptionMarks MarksOf(const MainWindow& window) {
+  OptionMarks marks;
+  marks.sfx = window.IsMenuChecked(Menu::OptionsSfx);
+  marks.indicator = window.IsMenuChecked(Menu::OptionIndicator);
+  marks.showComp = window.IsMenuChecked(Menu::OptionsShowComp);
+  marks.hints = window.IsMenuChecked(Menu::OptionsHints);
+  marks.history = window.IsMenuChecked(Menu::History0)   ? 0
+                  : window.IsMenuChecked(Menu::History1) ? 1
+                                                         : 3;
+  return marks;
+}
+
+}  // namespace
+
+Program::Program() = default;
+Program::~Program() = default;
+
+bool StartUp(Program& program, const CommandLine& commandLine, const std::string& appPath) {
+  if (!program.settings) program.settings = std::make_unique<SettingsStore>();
+  if (!program.documents) program.documents = std::make_unique<DesktopDocuments>(program.engine);
+  program.window = std::make_unique<MainWindow>(
+      program.game,
+      DesktopServices{program.engine, program.pack, program.sound, *program.documents});
+  MainWindow& window = *program.window;
+
+  StartGeneralEngine(program.engine, commandLine.logLevel, appPath);
+  program.game.random.Seed(ClockSeed());
+  if (commandLine.logLevel > 2) {
+    std::error_code ignored;
+    std::filesystem::remove(appPath + "ai.log", ignored);
+  }
+
+  GeneralEngine& engine = program.engine;
+  program.gdi = std::make_unique<Gdi>(
+      engine, [&engine] { return EngineClock(engine); }, program.game.random);
+  Gdi& gdi = *program.gdi;
+  const int mainView = NewMainView(gdi);
+  program.mainView = mainView;
+  gdi.AttachWindow(mainView, window.view().AsViewWindow());
+  window.view().SetScreenImage(
+      [&gdi, mainView]() -> const QImage& { return gdi.ScreenImage(mainView); });
+
+  const std::string tempFolder = appPath + "temp";
+  try {
+    PrepareTempFolder(tempFolder);
+    program.pack.OpenPack(appPath + "r.opk", tempFolder);
+  } catch (const std::exception& error) {
+    window.outside().ShowMessage(
+        "Varkesh", std::string("The game's resource file 'r.opk' could not be opened, so "
+                               "Varkesh cannot start.\n\n") +
+                       error.what() + "\n\nPlease install the game again.");
+    return false;
+  }
+
+  PackReader& pack = program.pack;
+  const EntryPath entryPath = [&pack](const std::string& entry) {
+    return pack.ExtractEntry(entry);
+  };
+  QLabel& frameRate = window.view().FrameRateLabel();
+  program.view = std::make_unique<BoardView>(
+      gdi, engine, LoadBoardArt(gdi, engine, mainView, entryPath),
+      BoardViewHooks{entryPath, [&window](Menu menu) { return window.IsMenuChecked(menu); },
+                     [&engine] { return EngineClock(engine); },
+                     [&frameRate](const std::string& text) {
+                       frameRate.setText(QString::fromStdString(text));
+                     }});
+
+  ApplyStoredPlacement(window, *program.settings);
+  ApplyStoredOptions(window, *program.settings);
+  window.show();
+  return true;
+}
+
+void ShutDown(Program& program) {
+  program.pack.ClosePack();
+  program.gdi->ShutdownGraphics();
+  ShutdownGeneralEngine(program.engine);
+
+  MainWindow& window = *program.window;
+  // The place of the normal window is kept, even when it was maximized.
+  const QRect normal = window.normalGeometry().isValid() ? window.normalGeometry()
+                                                         : window.geometry();
+  WriteWindowPlacement(*program.settings, "Main", normal.top(), normal.left(), normal.height(),
+                       normal.width(), window.isMaximized() ? kMaximized : 0);
+  WriteOptionMarks(*program.settings, MarksOf(window));
+}
+
+}  // namespace varkesh

@@ -1,0 +1,92 @@
+#include "ui/view_widget.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <cmath>
+
+namespace varkesh {
+
+namespace {
+
+constexpr int kBorder = 2;
+const char* const kPauseCaption = "&Pause";
+const char* const kResumeCaption = "R&esume";
+
+}  // namespace
+
+ViewWidget::ViewWidget(Game& game, QWidget* parent) : QFrame(parent), game_(game) {
+  setObjectName("picViewPort");
+  setFrameStyle(QFrame::Panel | QFrame::Sunken);
+  setLineWidth(kBorder);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+
+  pause_ = new QPushButton(kPauseCaption, this);
+  pause_->setObjectName("cmdPause");
+  pause_->setGeometry(kBorder, kBorder, 65, 25);
+  pause_->setFocusPolicy(Qt::NoFocus);
+  pause_->hide();
+  connect(pause_, &QPushButton::clicked, this, &ViewWidget::TogglePause);
+
+  frameRate_ = new QLabel(this);
+  frameRate_->setObjectName("lblFPS");
+  frameRate_->move(kBorder + 5, kBorder + 32);
+  frameRate_->setMinimumWidth(60);
+  frameRate_->setStyleSheet("color: white; background: transparent;");
+  frameRate_->hide();
+}
+
+int ViewWidget::SquareOfClick(double pos, int innerSize) {
+  const int cell = std::max(1, static_cast<int>(std::lround(innerSize / 17.0)));
+  return static_cast<int>(std::lround(pos)) / cell;
+}
+
+void ViewWidget::mousePressEvent(QMouseEvent* event) {
+  const QRect inner = contentsRect();
+  if (!inner.contains(event->position().toPoint())) return;  // on the border
+  const QPointF at = event->position() - QPointF(inner.topLeft());
+  game_.clickLeft = event->button() == Qt::LeftButton;
+  game_.clickRight = event->button() == Qt::RightButton;
+  game_.clickPending = true;
+  game_.clickX = SquareOfClick(at.x(), inner.width());
+  game_.clickY = SquareOfClick(at.y(), inner.height());
+}
+
+ViewWindow ViewWidget::AsViewWindow() {
+  return ViewWindow{[this] { return contentsRect().size(); },
+                    [this](const QRect& shown) {
+                      update(shown.translated(contentsRect().topLeft()));
+                    }};
+}
+
+void ViewWidget::paintEvent(QPaintEvent* event) {
+  QFrame::paintEvent(event);
+  QPainter painter(this);
+  const QRect inner = contentsRect();
+  const QImage* screen = screen_ ? &screen_() : nullptr;
+  if (screen == nullptr || screen->isNull()) {
+    painter.fillRect(inner, Qt::black);
+    return;
+  }
+  if (screen->size() == inner.size()) {
+    const QRect area = event->rect().intersected(inner);
+    painter.drawImage(area, *screen, area.translated(-inner.topLeft()));
+  } else {
+    // Just resized: the next show brings a picture of the new size.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(inner, *screen);
+  }
+}
+
+void ViewWidget::TogglePause() {
+  game_.paused = !game_.paused;
+  SyncPauseCaption();
+}
+
+void ViewWidget::SyncPauseCaption() {
+  const QString caption = game_.paused ? kResumeCaption : kPauseCaption;
+  if (pause_->text() != caption) pause_->setText(caption);
+}
+
+}  // namespace varkesh

@@ -1,0 +1,24 @@
+#include "engine/sound.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <string>
+
+namespace varkesh {
+namespace {
+
+// Whatever the machine's sound output, playing neither waits nor fails.
+TEST(Sound, PlayingReturnsAtOnceAndMissingFilesAreIgnored) {
+  SoundPlayer player;
+  QElapsedTimer timer;
+  timer.start();
+  player.PlaySoundFile("/no/such/folder/sfx_click.wav");
+  std::string pack = VARKESH_PACK_DIR;
+  player.PlaySoundFile(pack + "/sfx_captureking.wav");
+  player.PlaySoundFile(pack + "/sfx_click.wav");  // cuts the first one off
+  EXPECT_LT(timer.elapsed(), 500);
+}
+
+}  // namespace
+}  // namespace varkesh

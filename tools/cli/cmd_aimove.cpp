@@ -1,0 +1,20 @@
+#include <cstdio>
+
+#include "ai/choice_ladder.h"
+#include "ai_position.h"
+#include "flow/scripted_outside.h"
+
+namespace varkesh::cli {
+
+int CmdAimove(const Args& args) {
+  AiPosition position = ReadAiPosition(args, "aimove FILE [--personality P]");
+  ScriptedOutside outside;
+  const AiChoice choice = ChooseAImove(position.game, outside, position.personality);
+  if (choice.index == 0)
+    std::printf("0 none\n");
+  else
+    std::printf("%d %s\n", choice.index, TierName(choice.tier));
+  return 0;
+}
+
+}  // namespace varkesh::cli

@@ -1,0 +1,63 @@
+#include <sstream>
+
+#include "cli.h"
+#include "flow/new_game.h"
+#include "load_for_play.h"
+
+namespace varkesh::cli {
+
+namespace {
+
+constexpr const char* kUsage = "new [--type T] [--rule R] [--players a,b,c,d] [--name NAME]";
+
+int ParseChoice(const std::string& text, int low, int high) {
+  int value = ParseInt(text, kUsage);
+  if (value < low || value > high) Usage(kUsage);
+  return value;
+}
+
+PerTeam<int> ParsePlayers(const std::string& text) {
+  PerTeam<int> players{};
+  std::istringstream fields(text);
+  std::string field;
+  std::size_t count = 0;
+  while (std::getline(fields, field, ',')) {
+    if (count == players.size()) Usage(kUsage);
+    players[count++] = ParseChoice(field, kHuman, kDefensive);
+  }
+  if (count != players.size() || text.back() == ',') Usage(kUsage);
+  return players;
+}
+
+std::string Trimmed(const std::string& text) {
+  std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return "";
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+int CmdNew(const Args& args) {
+  Options options = ParseOptions(args, {"type", "rule", "players", "name"}, {}, kUsage);
+  if (!options.positional.empty()) Usage(kUsage);
+
+  NewGameChoice choice;
+  choice.accepted = true;
+  choice.gameType = ParseChoice(options.Value("type", "1"), kAlliedNeighbors, kAnarchy);
+  choice.kingCaptureRule = ParseChoice(options.Value("rule", "1"), kKingdomGained, kKingdomFrozen);
+  choice.players = ParsePlayers(options.Value("players", "0,0,0,0"));
+  // As in the dialog: the name is trimmed, and one of blanks only is refused.
+  choice.name = Trimmed(options.Value("name", "Varkesh Game"));
+  if (choice.name.empty()) Usage(kUsage);
+
+  ScriptedOutside outside;
+  UseToolFolder(outside);
+  outside.newGameChoices.push_back(choice);
+  Game game;
+  NewGameCommand(game, outside);
+  FailOnReportedFault(outside);
+  PrintGame(game);
+  return 0;
+}
+
+}  // namespace varkesh::cli

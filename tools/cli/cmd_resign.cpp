@@ -1,0 +1,36 @@
+#include <algorithm>
+
+#include "cli.h"
+#include "core/resign.h"
+#include "load_for_play.h"
+
+namespace varkesh::cli {
+
+namespace {
+
+constexpr const char* kUsage = "resign FILE [--to TEAM] [--no]";
+
+}  // namespace
+
+int CmdResign(const Args& args) {
+  Options options = ParseOptions(args, {"to"}, {"no"}, kUsage);
+  if (options.positional.size() != 1) Usage(kUsage);
+  int concedeTeam = options.Has("to") ? ParseInt(options.Value("to"), kUsage) : kNoTeam;
+
+  ScriptedOutside outside;
+  UseToolFolder(outside);
+  Game game = LoadForPlay(options.positional[0], outside);
+  if (game.kingCaptureRule == kKingdomGained && options.Has("to")) {
+    std::vector<int> offers = ConcedeOffers(game);
+    if (std::find(offers.begin(), offers.end(), concedeTeam) == offers.end())
+      BadInput("varkesh-cli: " + std::string(TeamName(game.currentTeam)) +
+               " cannot concede to team " + std::to_string(concedeTeam));
+    outside.concedePicks.push_back(concedeTeam);
+  }
+  outside.yesNoAnswers.push_back(!options.Has("no"));
+  DoResign(game, outside, -1);
+  PrintGame(game);
+  return 0;
+}
+
+}  // namespace varkesh::cli

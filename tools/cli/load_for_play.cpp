@@ -1,0 +1,45 @@
+#include "load_for_play.h"
+
+#include <cstdio>
+#include <filesystem>
+
+#include "cli.h"
+#include "core/labels.h"
+#include "core/turn.h"
+#include "persist/game_text.h"
+
+namespace varkesh::cli {
+
+void UseToolFolder(ScriptedOutside& outside) {
+  std::error_code error;
+  std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) outside.engine.appPath = tool.parent_path().string() + "/";
+}
+
+Game LoadForPlay(const std::string& path, ScriptedOutside& outside) {
+  Game game = ReadGameFile(path);
+  outside.SetGameDescription(GameDescription(game));
+  UpdateCurrentPlayer(game, outside);
+  ShowPiece(game, outside, 0, 0, 0, 0);
+  outside.SetMenuEnabled(Menu::Resign, true);
+  ClearMarks(game);
+  ClearMoveablePieces(game);
+  StartTurn(game, outside);
+  game.boardChanged = true;
+  return game;
+}
+
+void FailOnReportedFault(const ScriptedOutside& outside) {
+  for (const ScriptedOutside::Message& message : outside.messages) {
+    if (message.title == "Varkesh Error")
+      BadInput("varkesh-cli: the game met a fault; details are in '" + outside.engine.appPath +
+               "error_main.log'");
+  }
+}
+
+void PrintGame(const Game& game) {
+  std::string text = WriteGameText(game);
+  std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+}  // namespace varkesh::cli
