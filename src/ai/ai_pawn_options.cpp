@@ -37,7 +37,8 @@ bool TakeKeepPiece(Game& game, Outside& outside, Square& pawn) {
     Square* target = FindTarget(game, area, kind);
     if (target == nullptr) continue;
     AddPieceToDungeon(game, pawn.team, target->team, target->piece);
-    *target = {kNoTeam, kNoPiece, target->mark, target->terrain, target->realm};
+    target->team = kNoTeam;
+    target->piece = kNoPiece;
     pawn.team = kNoTeam;
     pawn.piece = kNoPiece;
     PlaySfx(outside, "sfx_capturequeen");

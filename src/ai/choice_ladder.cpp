@@ -123,6 +123,7 @@ AiChoice ClimbLadder(Game& game, const ScoreSummary& scores, int personality, co
   if (scores.bestFull > kDecisiveScore) return {scores.bestFullMove, AiTier::TopThreat};
 
   std::vector<int> shortList;
+  shortList.reserve(static_cast<std::size_t>(game.moveList.Count()));
   for (int i = 1; i <= game.moveList.Count(); ++i)
     if (FullScore(game.moveList[i]) > kShortListFloor) shortList.push_back(i);
   if (log.On())

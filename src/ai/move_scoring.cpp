@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <string>
+#include <utility>
 
 #include "ai/ai_values.h"
 #include "ai/threats.h"

@@ -31,11 +31,6 @@ const Dungeon* DungeonOf(const Game& game, int team) {
   return index < 0 ? nullptr : &game.dungeons[static_cast<std::size_t>(index)];
 }
 
-std::string MoveMessage(int kind, int argA, int argB) {
-  return "GAMV}" + std::to_string(kind) + kFieldSeparator + std::to_string(argA) + kFieldSeparator +
-         std::to_string(argB);
-}
-
 void CaptureInKeep(Game& game, Outside& outside, int toX, int toY, int x, int y) {
   if (!Board::InBounds(x, y)) return;
   Square& pawn = game.board.at(toX, toY);
@@ -45,7 +40,7 @@ void CaptureInKeep(Game& game, Outside& outside, int toX, int toY, int x, int y)
   taken.piece = kNoPiece;
   pawn.team = kNoTeam;
   pawn.piece = kNoPiece;
-  game.pendingMoveMessage = MoveMessage(1, x, y);
+  game.pendingMoveMessage = MoveMessage(kMoveCaptureInKeep, x, y);
   PlaySfx(outside, "sfx_capturequeen");
 }
 
@@ -57,11 +52,16 @@ void FreePrisoner(Game& game, Outside& outside, int toX, int toY, int index) {
   pawn.team = prisoner.team;
   pawn.piece = prisoner.piece;
   RemovePieceFromDungeon(game, pawn.realm, prisoner.team, prisoner.piece);
-  game.pendingMoveMessage = MoveMessage(2, index, 0);
+  game.pendingMoveMessage = MoveMessage(kMoveFreePrisoner, index, 0);
   PlaySfx(outside, "sfx_newgame");
 }
 
 }  // namespace
+
+std::string MoveMessage(int kind, int argA, int argB) {
+  return "GAMV}" + std::to_string(kind) + kFieldSeparator + std::to_string(argA) + kFieldSeparator +
+         std::to_string(argB);
+}
 
 bool PawnOptionsDue(const Game& game, int x, int y) {
   if (!Board::InBounds(x, y)) return false;

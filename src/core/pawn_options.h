@@ -16,6 +16,16 @@ struct PawnOption {
   std::string text;  // "Capture Red's Light Bishop", "Free your Queen", ...
 };
 
+// Kinds of the move message (GAMV): what became of a pawn in a keep. A pawn
+// with no option is lost on every machine, so that kind is told as well.
+inline constexpr int kMovePlain = 0;
+inline constexpr int kMoveCaptureInKeep = 1;  // argA, argB: the square taken
+inline constexpr int kMoveFreePrisoner = 2;   // argA: the prisoner's index
+inline constexpr int kMovePawnLost = 3;
+
+// "GAMV}kind", argA and argB, joined by kFieldSeparator.
+std::string MoveMessage(int kind, int argA, int argB);
+
 // Whether the piece now on (x, y) earns the options: a Pawn on any keep
 // square, a Castle Pawn on a square of a hostile keep.
 bool PawnOptionsDue(const Game& game, int x, int y);

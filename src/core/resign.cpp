@@ -44,7 +44,12 @@ void TellOthers(const Game& game, Outside& outside, int concedeTeam) {
   if (game.netRole == kNetClient) outside.SendToClient(0, message);
 }
 
-// Carries out the rule in force; false when the player thought better of it.
+std::size_t TeamSlot(int team) {
+  return static_cast<std::size_t>(TeamIndex(team));
+}
+
+// Carries out the rule in force for currentTeam, a team number checked by
+// the caller; false when the player thought better of it.
 bool Resign(Game& game, Outside& outside, int resignToTeam) {
   int team = game.currentTeam;
   int concedeTeam = kNoTeam;
@@ -52,18 +57,18 @@ bool Resign(Game& game, Outside& outside, int resignToTeam) {
     case kKingdomGained:
       concedeTeam = ChooseConcedeTeam(game, outside, resignToTeam);
       if (concedeTeam == kNoTeam) return false;
-      game.kingdomFallen[static_cast<std::size_t>(TeamIndex(team))] = true;
+      game.kingdomFallen[TeamSlot(team)] = true;
       RemoveKing(game, team);
       SwapTeams(game, team, concedeTeam);
       break;
     case kKingdomLost:
       if (!Confirmed(outside, resignToTeam)) return false;
-      game.kingdomFallen[static_cast<std::size_t>(TeamIndex(team))] = true;
+      game.kingdomFallen[TeamSlot(team)] = true;
       ClearBoardOfTeam(game, team);
       break;
     case kKingdomFrozen:
       if (!Confirmed(outside, resignToTeam)) return false;
-      game.kingdomFallen[static_cast<std::size_t>(TeamIndex(team))] = true;
+      game.kingdomFallen[TeamSlot(team)] = true;
       FreezePieces(game, team);
       RemoveKing(game, team);
       break;

@@ -97,13 +97,13 @@ void Gdi::StoreImage(PicNum pic, QImage image) {
 }
 
 void Gdi::CreateWorkspace(PicNum pic, int width, int height) {
-  Log(2, "Creating Workspace for Pic #" + std::to_string(pic) + ": " + std::to_string(width) +
-             "x" + std::to_string(height));
+  Log(2, "Creating Workspace for Pic #" + std::to_string(pic) + ": " + std::to_string(width) + "x" +
+             std::to_string(height));
   PicRec* rec = Pic(pic);
   if (!rec) return;
   if (rec->valid) ClearPicture(pic);
-  QImage image =
-      TrySurface([&] { return QImage(std::max(width, 0), std::max(height, 0), QImage::Format_RGB32); });
+  QImage image = TrySurface(
+      [&] { return QImage(std::max(width, 0), std::max(height, 0), QImage::Format_RGB32); });
   if (image.isNull()) {
     Log(1, "ERROR: Failure to get hBITMAP for workspace");
     return;
@@ -176,14 +176,13 @@ void Gdi::Blit(PicNum source, int srcX, int srcY, int width, int height, PicNum 
   PicRec* from = Pic(source);
   PicRec* to = Pic(target);
   if (!from || !to || !from->valid || !to->valid) return;
-  QRect sourceRect(srcX, srcY, width, height);
-  // A copy within one picture reads the pixels as they were before it.
-  QImage sourceImage = source == target ? from->image.copy(sourceRect) : from->image;
-  if (source == target) sourceRect.moveTo(0, 0);
+  // A shared copy: painting detaches the target from it, so a blit within
+  // one picture reads the pixels as they were before it.
+  const QImage sourceImage = from->image;
   {
     QPainter painter(&to->image);
     painter.setCompositionMode(ModeOf(op));
-    painter.drawImage(QPoint(dstX, dstY), sourceImage, sourceRect);
+    painter.drawImage(QPoint(dstX, dstY), sourceImage, QRect(srcX, srcY, width, height));
   }
   GrowDirty(target, QRect(dstX, dstY, width, height));
 }
@@ -257,7 +256,6 @@ Rgb Gdi::StrobeColour(StrobeNum strobe) const {
 
 void Gdi::ShutdownGraphics() {
   for (PicNum pic = static_cast<int>(pictures_.size()) - 1; pic >= 0; --pic) ClearPicture(pic);
-  for (auto view = views_.rbegin(); view != views_.rend(); ++view) view->window = {};
   pictures_.clear();
   views_.clear();
   strobes_.clear();

@@ -81,8 +81,8 @@ class Gdi {
             int dstY, RasterOp op);
   // The mask ANDed, then the source ORed: a mask is white where the target
   // shows through, a source black outside its shape.
-  void MaskedBlit(PicNum source, int srcX, int srcY, int width, int height, PicNum mask,
-                  int maskX, int maskY, PicNum target, int dstX, int dstY);
+  void MaskedBlit(PicNum source, int srcX, int srcY, int width, int height, PicNum mask, int maskX,
+                  int maskY, PicNum target, int dstX, int dstY);
   void FillPicture(PicNum pic, Rgb colour);
   // The text's top left corner at (x, y), on a transparent background.
   void DrawText(PicNum pic, const FontDescription& font, Rgb colour, int x, int y,

@@ -11,7 +11,9 @@ namespace {
 
 constexpr int kSparkleType = 5;
 
-int ClampChannel(double value) { return std::clamp(static_cast<int>(std::trunc(value)), 0, 255); }
+int ClampChannel(double value) {
+  return std::clamp(static_cast<int>(std::trunc(value)), 0, 255);
+}
 
 Rgb RandomColour(Random& random) {
   return {random.Below(256), random.Below(256), random.Below(256)};

@@ -12,17 +12,9 @@ namespace varkesh {
 
 namespace {
 
-// A move message kind of our own: the pawn had no option and left the board.
-// The other machines must remove it too, and kind 0 means "nothing to do".
-constexpr int kPawnLost = 3;
-
-std::string MoveMessage(int kind) {
-  return "GAMV}" + std::to_string(kind) + kFieldSeparator + "0" + kFieldSeparator + "0";
-}
-
-void SetCastleRight(Game& game, int team, bool value) {
+void LoseCastleRight(Game& game, int team) {
   int index = TeamIndex(team);
-  if (index >= 0) game.castleRight[static_cast<std::size_t>(index)] = value;
+  if (index >= 0) game.castleRight[static_cast<std::size_t>(index)] = false;
 }
 
 void SetFallen(Game& game, int team) {
@@ -76,7 +68,7 @@ void PlayMove(Game& game, Outside& outside) {
   // Taking an enemy Castle Pawn or King costs the taker its right too.
   if (from.piece == kCastlePawn || from.piece == kKing || to.piece == kCastlePawn ||
       to.piece == kKing)
-    SetCastleRight(game, game.currentTeam, false);
+    LoseCastleRight(game, game.currentTeam);
 
   if (to.piece == kNoPiece) {
     MovePiece(from, to);
@@ -124,7 +116,7 @@ void OfferPawnOptions(Game& game, Outside& outside) {
   std::vector<PawnOption> options = ListPawnOptions(game, game.moveToX, game.moveToY);
   if (options.empty()) {
     LosePawn(game);
-    game.pendingMoveMessage = MoveMessage(kPawnLost);
+    game.pendingMoveMessage = MoveMessage(kMovePawnLost, 0, 0);
     return;
   }
   std::vector<std::string> lines;
@@ -136,10 +128,11 @@ void OfferPawnOptions(Game& game, Outside& outside) {
 }
 
 void RepeatPawnOption(Game& game, Outside& outside) {
-  if (game.netMoveKind == kPawnLost) {
+  if (game.netMoveKind == kMovePawnLost) {
     LosePawn(game);
-  } else if (game.netMoveKind == 1 || game.netMoveKind == 2) {
-    PawnOption option{game.netMoveKind == 1, game.netMoveArg1, game.netMoveArg2, ""};
+  } else if (game.netMoveKind == kMoveCaptureInKeep || game.netMoveKind == kMoveFreePrisoner) {
+    PawnOption option{game.netMoveKind == kMoveCaptureInKeep, game.netMoveArg1, game.netMoveArg2,
+                      ""};
     ApplyPawnOption(game, outside, game.moveToX, game.moveToY, option);
   }
 }
@@ -163,7 +156,7 @@ void FinishMove(Game& game, Outside& outside) {
 
 void AcceptMove(Game& game, Outside& outside) {
   Guarded(outside, "frmMain", "AcceptMove", [&] {
-    game.pendingMoveMessage = MoveMessage(0);
+    game.pendingMoveMessage = MoveMessage(kMovePlain, 0, 0);
     game.gameSaved = false;
     game.boardChanged = true;
     PlayMove(game, outside);

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cstdint>
 #include <system_error>
 
 #include "persist/pack_reader.h"
@@ -109,9 +110,9 @@ std::string ScriptedOutside::ExtractEntry(const std::string& entry) {
   if (!pack_) {
     // A folder of its own: test programs running side by side would
     // otherwise rewrite each other's extracted files.
-    static int instances = 0;
     tempDir_ = std::filesystem::temp_directory_path() /
-               ("varkesh-scripted-" + std::to_string(getpid()) + "-" + std::to_string(++instances));
+               ("varkesh-scripted-" + std::to_string(getpid()) + "-" +
+                std::to_string(reinterpret_cast<std::uintptr_t>(this)));
     std::filesystem::create_directories(tempDir_);
     auto reader = std::make_unique<PackReader>();
     reader->OpenPack(engine.appPath + "r.opk", tempDir_.string());

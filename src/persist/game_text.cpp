@@ -13,8 +13,6 @@ constexpr const char* kTrue = "#TRUE#";
 constexpr const char* kFalse = "#FALSE#";
 constexpr int kLastCoordinate = kBoardSide - 1;
 
-// ---- Writing ----
-
 class LineWriter {
  public:
   LineWriter& Number(int value) { return Field(std::to_string(value)); }
@@ -45,8 +43,6 @@ std::string StorableName(const std::string& name) {
     if (c != '"' && static_cast<unsigned char>(c) >= 0x20) kept += c;
   return kept;
 }
-
-// ---- Reading ----
 
 struct TextError {
   std::string message;

@@ -30,7 +30,9 @@ void LogStartUpStep(GeneralEngine& engine, const std::string& text) {
   if (engine.logLevel > 0) WriteLog(engine, engine.engineLogNumber, text, true);
 }
 
-int NewMainView(Gdi& gdi) { return gdi.NewViewport("picViewPort", kViewPixels, kViewPixels); }
+int NewMainView(Gdi& gdi) {
+  return gdi.NewViewport("picViewPort", kViewPixels, kViewPixels);
+}
 
 BoardArt LoadBoardArt(Gdi& gdi, GeneralEngine& engine, int view, const EntryPath& entryPath) {
   auto load = [&](const std::string& entry) { return LoadEntry(gdi, engine, entryPath, entry); };

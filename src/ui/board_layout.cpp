@@ -29,7 +29,9 @@ constexpr std::array<DungeonCorner, 4> kDungeonCorners{{
 constexpr std::array<int, 10> kDungeonColumn{0, 0, 1, 2, 3, 0, 1, 2, 0, 1};
 constexpr std::array<int, 10> kDungeonRow{3, 0, 0, 0, 0, 1, 1, 1, 2, 2};
 
-int Sign(int value) { return (value > 0) - (value < 0); }
+int Sign(int value) {
+  return (value > 0) - (value < 0);
+}
 
 }  // namespace
 
@@ -58,7 +60,9 @@ PixelPoint DungeonPlace(int team, int index) {
               ten * kFurtherTenShift * Sign(corner.stepY)};
 }
 
-int MarkerRow(int team) { return team >= 1 && team <= 4 ? team : kPreviewRow; }
+int MarkerRow(int team) {
+  return team >= 1 && team <= 4 ? team : kPreviewRow;
+}
 
 std::vector<PathCell> MovePath(int fromX, int fromY, int toX, int toY) {
   constexpr int kHalf = 17;

@@ -14,7 +14,8 @@ constexpr int kHintPixels = 144;
 constexpr PixelPoint kHintCorner{228, 228};
 constexpr Rgb kNameColour{255, 255, 255};
 // White, Blue, Black, Red: beside the tips of their keeps.
-constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{{{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
+constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
+    {{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
 constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
 constexpr int kFrameRateSpan = 250;       // milliseconds
 
@@ -44,7 +45,9 @@ int TeamOn(const Game& game, int x, int y) {
   return Board::InBounds(x, y) ? game.board.at(x, y).team : kNoTeam;
 }
 
-bool IsTeam(int team) { return TeamIndex(team) >= 0; }
+bool IsTeam(int team) {
+  return TeamIndex(team) >= 0;
+}
 
 }  // namespace
 
@@ -61,13 +64,13 @@ void BoardView::DrawBoardWithPieces(Game& game) {
       if (square.team == kNoTeam || square.piece == kNoPiece) continue;
       PixelPoint sprite = SpriteCell(square.team, square.piece);
       PixelPoint at = PieceCorner(x, y);
-      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels,
-                      art_.pieceMask, 0, 0, art_.boardCanvas, at.x, at.y);
+      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels, art_.pieceMask,
+                      0, 0, art_.boardCanvas, at.x, at.y);
       if (square.piece < 0) {
         PixelPoint cell = SquareCorner(x, y);
         gdi_.MaskedBlit(art_.history, kFrostCell, MarkerRow(square.team) * kSquarePixels,
-                        kSquarePixels, kSquarePixels, art_.history, kFrostCell, 0,
-                        art_.boardCanvas, cell.x, cell.y);
+                        kSquarePixels, kSquarePixels, art_.history, kFrostCell, 0, art_.boardCanvas,
+                        cell.x, cell.y);
       }
     }
   }
@@ -114,8 +117,8 @@ void BoardView::DrawDungeons(Game& game) {
     for (int i = 1; i <= dungeon.PrisonerCount(); ++i) {
       PixelPoint sprite = SpriteCell(dungeon.prisoners[i].team, dungeon.prisoners[i].piece);
       PixelPoint at = DungeonPlace(team, i);
-      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels,
-                      art_.pieceMask, 0, 0, art_.backBuffer, at.x, at.y);
+      gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels, art_.pieceMask,
+                      0, 0, art_.backBuffer, at.x, at.y);
     }
   }
   game.viewChanged = true;
@@ -133,8 +136,8 @@ void BoardView::DrawSquares(Game& game) {
   int height = gdi_.PictureHeight(art_.squareCanvas);
   for (const BoardSquare& square : game.moveablePieces) {
     PixelPoint at = SquareCorner(square.x, square.y);
-    gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0,
-                    art_.backBuffer, at.x, at.y);
+    gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0, art_.backBuffer,
+                    at.x, at.y);
   }
   game.viewChanged = true;
   strobeLastDrawn_ = now;
@@ -177,13 +180,17 @@ void BoardView::DrawHint(Game&, Hint hint) {
                                               : art_.hintConfirm;
   gdi_.Blit(art_.hintShade, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x,
             kHintCorner.y, RasterOp::And);
-  gdi_.Blit(picture, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x,
-            kHintCorner.y, RasterOp::Or);
+  gdi_.Blit(picture, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x, kHintCorner.y,
+            RasterOp::Or);
 }
 
-void BoardView::ShowViewport() { gdi_.ShowViewport(art_.view); }
+void BoardView::ShowViewport() {
+  gdi_.ShowViewport(art_.view);
+}
 
-void BoardView::AdvanceStrobes() { gdi_.AdvanceStrobes(); }
+void BoardView::AdvanceStrobes() {
+  gdi_.AdvanceStrobes();
+}
 
 void BoardView::UpdateFrameRate() {
   double rate = gdi_.FrameRate(kFrameRateSpan);
@@ -197,12 +204,14 @@ void BoardView::LoadTitle() {
 }
 
 void BoardView::ShowTitle() {
-  gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
-            0, 0, RasterOp::Copy);
+  gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer, 0,
+            0, RasterOp::Copy);
   gdi_.ShowViewport(art_.view);
 }
 
-void BoardView::ClearTitle() { gdi_.ClearPicture(title_); }
+void BoardView::ClearTitle() {
+  gdi_.ClearPicture(title_);
+}
 
 void BoardView::DrawVictory(const Game& game) {
   gdi_.Blit(art_.victory, 0, 0, kViewPixels, kViewPixels, art_.backBuffer, 0, 0, RasterOp::Copy);

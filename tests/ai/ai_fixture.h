@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <initializer_list>
 #include <string>
 
 #include "core/game.h"
@@ -12,38 +12,38 @@
 
 namespace varkesh::test {
 
-inline Game EmptyGame(int gameType = kAnarchy) {
+struct Placed {
+  int x, y, team, piece;
+};
+
+inline void Put(Board& board, std::initializer_list<Placed> pieces) {
+  for (const Placed& p : pieces) {
+    board.at(p.x, p.y).team = p.team;
+    board.at(p.x, p.y).piece = p.piece;
+  }
+}
+
+inline Game EmptyGame(int gameType = kAnarchy, std::initializer_list<Placed> pieces = {}) {
   Game game;
   game.gameType = gameType;
   game.random = Random::Zero();
+  game.playerKinds = {kBalanced, kBalanced, kBalanced, kBalanced};
   LayOutTerrain(game.board);
+  Put(game.board, pieces);
   return game;
 }
 
-// The same on the scratch board, where the threat tests look.
-inline Game EmptyScratch(int gameType = kAnarchy) {
-  Game game = EmptyGame(gameType);
-  game.scratchBoard = game.board;
-  return game;
-}
-
-inline void Put(Board& board, int x, int y, int team, int piece) {
-  board.at(x, y).team = team;
-  board.at(x, y).piece = piece;
-}
-
-inline Game StartGame(int gameType = kAlliedNeighbors, PerTeam<int> players = {1, 2, 3, 1}) {
-  Game game = EmptyGame(gameType);
+inline Game StartGame(PerTeam<int> players) {
+  Game game = EmptyGame(kAlliedNeighbors);
   game.playerKinds = players;
-  std::ifstream records(std::string(VARKESH_PACK_DIR) + "/newgamedata.txt");
-  LoadNewGameData(game, records);
+  LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
   return game;
 }
 
-// A scored candidate move, as the ladder sees it.
-inline MoveRec Scored(int fromX, int fromY, int toX, int toY, int capture = 0, int threat = 0,
-                      int weak = 0, int danger = 0) {
-  return {fromX, fromY, toX, toY, capture, threat, weak, danger, 0};
+// A candidate move with its scores, as the ladder sees it.
+inline MoveRec Move(int fromX, int fromY, int toX, int toY, int capture = 0, int threat = 0,
+                    int danger = 0) {
+  return {fromX, fromY, toX, toY, capture, threat, 0, danger, 0};
 }
 
 }  // namespace varkesh::test

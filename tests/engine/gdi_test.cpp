@@ -247,7 +247,8 @@ TEST(GdiLog, EachLevelLogsItsOwnLines) {
     GeneralEngine engine;
     StartGeneralEngine(engine, level, folder.Slashed());
     Random random;
-    Gdi gdi(engine, [] { return 0.0; }, random);
+    Gdi gdi(
+        engine, [] { return 0.0; }, random);
     gdi.NewViewport("picViewPort", 60, 50);
     gdi.LoadPicture(gdi.NewPicNum(), folder.File("absent.png"));
     gdi.ShutdownGraphics();

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/general_engine.h"
 #include "engine/gdi.h"
+#include "engine/general_engine.h"
 #include "engine/random.h"
 
 namespace varkesh {
@@ -23,7 +23,8 @@ TEST(Strobe, BackAndForthReturnsToItsStartAfterTwoPeriods) {
   Random random(3);
   GeneralEngine engine;
   double now = 0.0;
-  Gdi gdi(engine, [&now] { return now; }, random);
+  Gdi gdi(
+      engine, [&now] { return now; }, random);
   StrobeNum strobe = gdi.NewStrobe();
   gdi.InitStrobe(strobe, {kGreen, kYellow, 2, 1.0, 0.0, 0});
   EXPECT_EQ(gdi.StrobeColour(strobe), kGreen);
@@ -98,7 +99,8 @@ TEST(Strobe, SparklesStayWithinTheirRangeAroundTheStartColour) {
 TEST(Strobe, NumbersOutOfRangeReadBlackAndChangeNothing) {
   Random random(3);
   GeneralEngine engine;
-  Gdi gdi(engine, [] { return 0.0; }, random);
+  Gdi gdi(
+      engine, [] { return 0.0; }, random);
   gdi.InitStrobe(0, {kGreen, kYellow, 2, 1.0, 0.0, 0});
   EXPECT_EQ(gdi.StrobeColour(0), kBlack);
   EXPECT_EQ(gdi.StrobeColour(-1), kBlack);

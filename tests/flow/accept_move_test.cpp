@@ -132,6 +132,10 @@ struct Victory {
   int gameType, alreadyFallen, kingTaken, winner, coWinner;
 };
 
+void PrintTo(const Victory& v, std::ostream* out) {
+  *out << "type " << v.gameType << ", taking the King of " << v.kingTaken;
+}
+
 class VictoryConditionTest : public AcceptMoveTest,
                              public ::testing::WithParamInterface<Victory> {};
 

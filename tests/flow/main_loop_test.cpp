@@ -127,6 +127,10 @@ struct Match {
   std::uint64_t seed;
 };
 
+void PrintTo(const Match& match, std::ostream* out) {
+  *out << "type " << match.gameType << ", rule " << match.rule << ", seed " << match.seed;
+}
+
 class WholeGameTest : public FlowTest, public ::testing::WithParamInterface<Match> {};
 
 TEST_P(WholeGameTest, ComputersPlayToTheEnd) {

@@ -37,11 +37,9 @@ TEST(BoardLayout, APathStepsHalfASquareBackOnEachBorder) {
   EXPECT_EQ(MovePath(5, 5, 8, 8),
             (std::vector<PathCell>{{385, {196, 196}}, {385, {231, 231}}, {385, {266, 266}}}))
       << "a bishop's three squares down and right";
-  EXPECT_EQ(MovePath(10, 8, 8, 8),
-            (std::vector<PathCell>{{140, {335, 283}}, {140, {300, 283}}}))
+  EXPECT_EQ(MovePath(10, 8, 8, 8), (std::vector<PathCell>{{140, {335, 283}}, {140, {300, 283}}}))
       << "a rook's two squares to the left";
-  EXPECT_EQ(MovePath(7, 14, 6, 12),
-            (std::vector<PathCell>{{210, {248, 475}}, {350, {230, 440}}}))
+  EXPECT_EQ(MovePath(7, 14, 6, 12), (std::vector<PathCell>{{210, {248, 475}}, {350, {230, 440}}}))
       << "a knight goes straight first, then diagonally";
   EXPECT_EQ(MovePath(8, 4, 9, 3), (std::vector<PathCell>{{280, {301, 125}}}));
   EXPECT_EQ(MovePath(9, 3, 8, 4), (std::vector<PathCell>{{315, {300, 126}}}));
@@ -75,8 +73,7 @@ class BoardViewTest : public ::testing::Test {
   }
 
   // Masks black all over, and the cell in column c, row r of colour (c, r, 77).
-  PicNum CodedSheet(int columns, int rows, int width = kSquarePixels,
-                    int height = kSquarePixels) {
+  PicNum CodedSheet(int columns, int rows, int width = kSquarePixels, int height = kSquarePixels) {
     PicNum sheet = gdi.NewPicNum();
     gdi.CreateWorkspace(sheet, columns * width, rows * height);
     gdi.FillPicture(sheet, {0, 0, 0});
@@ -269,7 +266,8 @@ TEST(BoardArtLog, StartUpAnnouncesEachPictureInItsOrder) {
   GeneralEngine engine;
   StartGeneralEngine(engine, 1, folder.Slashed());
   Random random;
-  Gdi gdi(engine, [] { return 0.0; }, random);
+  Gdi gdi(
+      engine, [] { return 0.0; }, random);
   int view = NewMainView(gdi);
   LoadBoardArt(gdi, engine, view, [](const std::string& entry) {
     return std::string(VARKESH_PACK_DIR) + "/" + entry + ".png";
@@ -278,14 +276,13 @@ TEST(BoardArtLog, StartUpAnnouncesEachPictureInItsOrder) {
   std::string log = testing::FileText(folder.File("engine.log"));
 
   std::size_t at = 0;
-  for (const char* line :
-       {"+ Picture to Load: gameboard", "+ Picture to Load: gamepieces",
-        "+ Picture to Load: piecemask", "+ Picture to Load: squarebase",
-        "+ Picture to Load: squaremask", "+ Picture to Load: victory", "+ Picture to Load: flags",
-        "+ Picture to Load: newvicword", "+ Picture to Load: history",
-        "+ Picture to Load: hintpiece", "+ Picture to Load: hintmove",
-        "+ Picture to Load: hintconfirm", "+ Graphic to Create: HintShade",
-        "+ Strobe to Load: strobeSquares"}) {
+  for (const char* line : {"+ Picture to Load: gameboard", "+ Picture to Load: gamepieces",
+                           "+ Picture to Load: piecemask", "+ Picture to Load: squarebase",
+                           "+ Picture to Load: squaremask", "+ Picture to Load: victory",
+                           "+ Picture to Load: flags", "+ Picture to Load: newvicword",
+                           "+ Picture to Load: history", "+ Picture to Load: hintpiece",
+                           "+ Picture to Load: hintmove", "+ Picture to Load: hintconfirm",
+                           "+ Graphic to Create: HintShade", "+ Strobe to Load: strobeSquares"}) {
     std::size_t found = log.find(line, at);
     ASSERT_NE(found, std::string::npos) << line;
     at = found;

@@ -55,6 +55,13 @@ class RunningProgram {
     QTest::mouseClick(&view(), button, {}, inner + QPoint(x * 35 + 17, y * 35 + 17));
   }
 
+  // A menu shortcut, typed into the main window once it is the active one.
+  void PressShortcut(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+    window().activateWindow();
+    QTest::qWaitForWindowActive(&window());
+    QTest::keyClick(&window(), key, modifiers);
+  }
+
   bool WaitFor(const std::function<bool()>& done, int milliseconds = 30000) {
     return QTest::qWaitFor(done, milliseconds);
   }

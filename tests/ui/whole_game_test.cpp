@@ -129,7 +129,7 @@ TEST(WholeGame, MovesSavingLoadingAPawnRaidAndResigningUpToTheVictoryScreen) {
   // Saved through the file dialog, changed by a move, and loaded back.
   const std::string saved = run.folder() + "match.vsh";
   run.documents().saveAnswers.push_back(saved);
-  QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
+  run.PressShortcut(Qt::Key_S);
   ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
   EXPECT_EQ(run.documents().requests.back().title, "Save Game ...");
   EXPECT_TRUE(game.gameSaved);
@@ -140,7 +140,7 @@ TEST(WholeGame, MovesSavingLoadingAPawnRaidAndResigningUpToTheVictoryScreen) {
   EXPECT_FALSE(game.gameSaved);
   run.documents().loadAnswers.push_back(saved);
   const auto loadAnswer = AnswerQuestion("Load Different Game?", QMessageBox::Yes);
-  QTest::keyClick(&window, Qt::Key_L, Qt::ControlModifier);
+  run.PressShortcut(Qt::Key_L);
   EXPECT_EQ(Pieces(game.board), savedPieces);
   EXPECT_EQ(game.currentTeam, kWhite);
   EXPECT_EQ(game.roundNumber, 2);
@@ -176,7 +176,7 @@ TEST(WholeGame, MovesSavingLoadingAPawnRaidAndResigningUpToTheVictoryScreen) {
 
   // Blue and then White resign: Black and Red have won.
   const auto blueResigns = AnswerQuestion("Request to Resign", QMessageBox::Yes);
-  QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
+  run.PressShortcut(Qt::Key_R);
   EXPECT_TRUE(game.kingdomFallen[1]);
   ASSERT_TRUE(WaitForHumanTurn(run, kWhite));
   const auto whiteResigns = AnswerQuestion("Request to Resign", QMessageBox::Yes);
@@ -214,7 +214,7 @@ TEST(WholeGame, AResignationUnderKingdomGainedNamesTheGainerInTheConcedeDialog) 
       if (!button->isHidden()) offered.push_back(button->text());
     QTest::mouseClick(dialog.findChild<QPushButton*>("cmdConcedeTeam2"), Qt::LeftButton);
   });
-  QTest::keyClick(&run.window(), Qt::Key_R, Qt::ControlModifier);
+  run.PressShortcut(Qt::Key_R);
   EXPECT_EQ(offered, (std::vector<QString>{"&1 - Concede to Blue", "&2 - Concede to Black",
                                            "&3 - Concede to Red", "&Withdraw Resignation"}));
   EXPECT_TRUE(game.kingdomFallen[0]);

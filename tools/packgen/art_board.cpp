@@ -41,8 +41,8 @@ void PaintGround(QPainter& painter) {
 void PaintRim(QPainter& painter, const QPainterPath& diamond) {
   painter.setRenderHint(QPainter::Antialiasing);
   for (int shade = 6; shade >= 1; --shade) {
-    painter.setPen(QPen(QColor(0, 0, 0, 34), shade * 2, Qt::SolidLine, Qt::SquareCap,
-                        Qt::MiterJoin));
+    painter.setPen(
+        QPen(QColor(0, 0, 0, 34), shade * 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawPath(diamond.translated(2, 3));
   }
   painter.setPen(QPen(QColor(176, 150, 96), 6, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

@@ -12,14 +12,14 @@ TeamPalette PaletteOf(int team) {
       return {QColor(238, 228, 200), QColor(255, 252, 238), QColor(96, 76, 52), QColor(64, 46, 32),
               QColor(64, 46, 32)};
     case 2:
-      return {QColor(38, 78, 200), QColor(110, 150, 245), QColor(12, 26, 92),
-              QColor(248, 248, 255), QColor(12, 26, 92)};
+      return {QColor(38, 78, 200), QColor(110, 150, 245), QColor(12, 26, 92), QColor(248, 248, 255),
+              QColor(12, 26, 92)};
     case 3:
-      return {QColor(34, 34, 40), QColor(92, 92, 104), QColor(206, 206, 216),
-              QColor(214, 214, 222), QColor(20, 20, 24)};
+      return {QColor(34, 34, 40), QColor(92, 92, 104), QColor(206, 206, 216), QColor(214, 214, 222),
+              QColor(20, 20, 24)};
     default:
-      return {QColor(192, 24, 48), QColor(240, 96, 104), QColor(84, 8, 20),
-              QColor(255, 244, 236), QColor(84, 8, 20)};
+      return {QColor(192, 24, 48), QColor(240, 96, 104), QColor(84, 8, 20), QColor(255, 244, 236),
+              QColor(84, 8, 20)};
   }
 }
 
@@ -64,7 +64,9 @@ Checker KeepColours(int realm) {
 }
 
 // Bishops are named by their square: X + Y even is a dark square.
-bool DarkSquare(int x, int y) { return (x + y) % 2 == 0; }
+bool DarkSquare(int x, int y) {
+  return (x + y) % 2 == 0;
+}
 
 }  // namespace
 
@@ -104,9 +106,9 @@ void PaintMaskShape(QImage& mask, const QPainterPath& shape, qreal outlineWidth)
   QPainter painter(&mask);
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setBrush(Qt::black);
-  painter.setPen(outlineWidth > 0 ? QPen(Qt::black, outlineWidth * 2, Qt::SolidLine, Qt::RoundCap,
-                                         Qt::RoundJoin)
-                                  : QPen(Qt::NoPen));
+  painter.setPen(outlineWidth > 0
+                     ? QPen(Qt::black, outlineWidth * 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)
+                     : QPen(Qt::NoPen));
   painter.drawPath(shape);
 }
 

@@ -16,7 +16,7 @@ namespace varkesh::art {
 
 inline constexpr int kTeams = 4;
 inline constexpr int kBoardSide = 17;
-inline constexpr int kCell = 35;       // a square of the board, in pixels
+inline constexpr int kCell = 35;        // a square of the board, in pixels
 inline constexpr int kBoardOrigin = 3;  // pixel of square (0, 0)
 
 struct TeamPalette {

@@ -60,8 +60,7 @@ std::vector<PackEntry> WriteHintArt(const QDir& out) {
                   "hintpiece"),
       SavePicture(out, Hint("Where to?", "Left-click a flashing square to aim there", Button::Left),
                   "hintmove"),
-      SavePicture(out,
-                  Hint("Sure?", "Right-click the target to confirm the move", Button::Right),
+      SavePicture(out, Hint("Sure?", "Right-click the target to confirm the move", Button::Right),
                   "hintconfirm"),
   };
 }

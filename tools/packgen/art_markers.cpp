@@ -40,22 +40,24 @@ QPainterPath Frame(qreal inset, qreal thickness) {
   return path.subtracted(hole);
 }
 
-// A frame with four teeth biting inward from the corners.
+// A frame with four teeth biting inward from the middles of its sides,
+// like the marks of a sight.
 QPainterPath CaptureFrame() {
-  QPainterPath path = Frame(2, 3);
-  constexpr qreal kTooth = 9;
-  for (int corner = 0; corner < 4; ++corner) {
-    qreal x = corner % 2 == 0 ? 4 : kCell - 4;
-    qreal y = corner < 2 ? 4 : kCell - 4;
-    qreal dx = corner % 2 == 0 ? 1 : -1;
-    qreal dy = corner < 2 ? 1 : -1;
+  // The teeth stand in the frame's hole, touching it, so the odd-even fill
+  // of the plain sum draws them solid.
+  constexpr qreal kInset = 2, kThickness = 3;
+  QPainterPath path = Frame(kInset, kThickness);
+  constexpr qreal kMiddle = kCell / 2.0, kHalfWidth = 3.5, kDepth = 4.5;
+  constexpr qreal kEdge = kInset + kThickness;
+  for (int side = 0; side < 4; ++side) {
     QPainterPath tooth;
-    tooth.moveTo(x, y);
-    tooth.lineTo(x + dx * kTooth, y + dy * 3);
-    tooth.lineTo(x + dx * kTooth, y + dy * kTooth);
-    tooth.lineTo(x + dx * 3, y + dy * kTooth);
+    tooth.moveTo(kMiddle - kHalfWidth, kEdge);
+    tooth.lineTo(kMiddle + kHalfWidth, kEdge);
+    tooth.lineTo(kMiddle, kEdge + kDepth);
     tooth.closeSubpath();
-    path = path.united(tooth);
+    QTransform turn =
+        QTransform::fromTranslate(kMiddle, kMiddle).rotate(90 * side).translate(-kMiddle, -kMiddle);
+    path.addPath(turn.map(tooth));
   }
   return path;
 }
@@ -182,7 +184,6 @@ QImage SquareMask() {
 
 std::vector<PackEntry> WriteMarkerArt(const QDir& out) {
   using namespace varkesh::art;
-  return {SavePicture(out, HistorySheet(), "history"),
-          SavePicture(out, SquareBase(), "squarebase"),
+  return {SavePicture(out, HistorySheet(), "history"), SavePicture(out, SquareBase(), "squarebase"),
           SavePicture(out, SquareMask(), "squaremask")};
 }

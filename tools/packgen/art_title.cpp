@@ -27,8 +27,8 @@ void PaintMiniBoard(QPainter& painter, const QPoint& centre) {
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
       if (TerrainAt(x, y) != Terrain::OffBoard)
-        diamond.addRect(QRect(origin + QPoint(x * kMiniCell, y * kMiniCell),
-                              QSize(kMiniCell, kMiniCell)));
+        diamond.addRect(
+            QRect(origin + QPoint(x * kMiniCell, y * kMiniCell), QSize(kMiniCell, kMiniCell)));
   diamond = diamond.simplified();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(QColor(0, 0, 0, 90), 14, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
@@ -40,9 +40,9 @@ void PaintMiniBoard(QPainter& painter, const QPoint& centre) {
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
       if (TerrainAt(x, y) != Terrain::OffBoard)
-        painter.fillRect(QRect(origin + QPoint(x * kMiniCell, y * kMiniCell),
-                               QSize(kMiniCell, kMiniCell)),
-                         SquareColour(x, y));
+        painter.fillRect(
+            QRect(origin + QPoint(x * kMiniCell, y * kMiniCell), QSize(kMiniCell, kMiniCell)),
+            SquareColour(x, y));
   // A token of each kingdom on the tip of its keep.
   painter.setRenderHint(QPainter::Antialiasing);
   const QPoint tips[] = {{8, 15}, {1, 8}, {8, 1}, {15, 8}};
@@ -63,8 +63,8 @@ void PaintCentredText(QPainter& painter, const QString& text, const QFont& font,
   QRectF bounds = path.boundingRect();
   path.translate((kScreen - bounds.width()) / 2 - bounds.left(), baseline);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(0, 0, 0, 120), edgeWidth + 4, Qt::SolidLine, Qt::RoundCap,
-                      Qt::RoundJoin));
+  painter.setPen(
+      QPen(QColor(0, 0, 0, 120), edgeWidth + 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPath(path.translated(2, 3));
   painter.setPen(QPen(edge, edgeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(fill);

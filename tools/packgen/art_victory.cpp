@@ -58,11 +58,11 @@ void PaintFirework(QPainter& painter, const QPointF& centre, qreal radius, const
 
 QPainterPath Castle() {
   QPainterPath castle;
-  castle.addRect(QRectF(120, 330, 360, 170));
+  castle.addRect(QRectF(120, 330, 350, 170));
   castle.addRect(QRectF(176, 232, 44, 270));  // the flag's tower
   castle.addRect(QRectF(300, 270, 60, 230));
   castle.addRect(QRectF(420, 300, 50, 200));
-  for (qreal x = 120; x < 480; x += 24) castle.addRect(QRectF(x, 318, 14, 14));
+  for (qreal x = 120; x < 460; x += 24) castle.addRect(QRectF(x, 318, 14, 14));
   for (qreal x = 172; x < 224; x += 16) castle.addRect(QRectF(x, 220, 10, 14));
   for (qreal x = 296; x < 364; x += 17) castle.addRect(QRectF(x, 258, 10, 14));
   for (qreal x = 416; x < 474; x += 15) castle.addRect(QRectF(x, 288, 9, 14));
@@ -75,8 +75,8 @@ void PaintLand(QPainter& painter) {
   painter.setBrush(QColor(30, 22, 40));
   painter.drawPath(Castle());
   painter.setBrush(QColor(255, 208, 120));
-  for (QPointF window : {QPointF(196, 280), QPointF(328, 320), QPointF(444, 350),
-                         QPointF(250, 400), QPointF(390, 410)})
+  for (QPointF window : {QPointF(196, 280), QPointF(328, 320), QPointF(444, 350), QPointF(250, 400),
+                         QPointF(390, 410)})
     painter.drawRoundedRect(QRectF(window, QSizeF(7, 12)), 3, 3);
   QPainterPath hills;
   hills.moveTo(0, 470);
@@ -122,7 +122,7 @@ QImage VictoryBackground() {
 // The cloth's wave: still at the pole, swinging more towards the fly.
 qreal Wave(qreal x, int frame) {
   qreal reach = (x - kPoleWidth) / (kFlagWidth - kPoleWidth);
-  return 4.5 * reach * std::sin(2 * M_PI * x / 72 - frame * M_PI / 2);
+  return 6 * reach * std::sin(2 * M_PI * x / 72 - frame * M_PI / 2);
 }
 
 QPainterPath Cloth(int frame) {
@@ -159,8 +159,9 @@ void PaintFlag(QImage& sheet, const QPoint& corner, int frame, const TeamPalette
   for (int step = 0; step <= 10; ++step) {
     qreal x = kPoleWidth + step * (kFlagWidth - kPoleWidth) / 10.0;
     qreal slope = Wave(x + 1, frame) - Wave(x - 1, frame);
-    folds.setColorAt(step / 10.0, slope > 0 ? palette.body.darker(100 + static_cast<int>(slope * 18))
-                                            : palette.body.lighter(100 - static_cast<int>(slope * 14)));
+    folds.setColorAt(step / 10.0, slope > 0
+                                      ? palette.body.darker(100 + static_cast<int>(slope * 18))
+                                      : palette.body.lighter(100 - static_cast<int>(slope * 14)));
   }
   painter.setPen(QPen(palette.rim, 1.5));
   painter.setBrush(folds);
