@@ -68,7 +68,11 @@ bool PawnOptionsDue(const Game& game, int x, int y) {
   const Square& square = game.board.at(x, y);
   if (square.terrain != kKeep) return false;
   if (square.piece == kPawn) return true;
-  return square.piece == kCastlePawn && IsHostile(game.gameType, square.team, square.realm);
+  if (square.piece != kCastlePawn) return false;
+  // In Anarchy every keep but its own counts; with alliances only a keep of
+  // the other side does, so a keep that has just fallen (realm 0) does not.
+  if (game.gameType == kAnarchy) return square.realm != square.team;
+  return square.realm != kNoTeam && IsHostile(game.gameType, square.team, square.realm);
 }
 
 std::vector<PawnOption> ListPawnOptions(const Game& game, int toX, int toY) {

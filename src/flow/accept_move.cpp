@@ -1,109 +1,13 @@
 #include "flow/accept_move.h"
 
-#include <stdexcept>
-
-#include "core/dungeon.h"
-#include "core/fate.h"
 #include "core/pawn_options.h"
+#include "core/play_move.h"
 #include "core/turn.h"
 #include "flow/error_handler.h"
 
 namespace varkesh {
 
 namespace {
-
-void LoseCastleRight(Game& game, int team) {
-  int index = TeamIndex(team);
-  if (index >= 0) game.castleRight[static_cast<std::size_t>(index)] = false;
-}
-
-void SetFallen(Game& game, int team) {
-  int index = TeamIndex(team);
-  if (index >= 0) game.kingdomFallen[static_cast<std::size_t>(index)] = true;
-}
-
-void MovePiece(Square& from, Square& to) {
-  to.piece = from.piece;
-  to.team = from.team;
-  from.piece = kNoPiece;
-  from.team = kNoTeam;
-}
-
-void AddMoveToHistory(Game& game, bool wasCapture) {
-  AddToHistory(game, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY,
-               game.board.at(game.moveToX, game.moveToY).team, wasCapture);
-}
-
-// A team left with too little material loses its King to the team that has
-// just taken from it.
-void KingRemoval(Game& game, Outside& outside, int capturedTeam) {
-  if (TeamIndex(capturedTeam) < 0 || !LackOfMaterial(game, capturedTeam)) return;
-  if (TeamEntry(game.playerKinds, capturedTeam) == kHuman || game.netRole != kNetNone) {
-    outside.ShowMessage("Lack of Material",
-                        std::string(TeamName(capturedTeam)) +
-                            " King is removed from the game due to lack of materials.");
-  }
-  int captor = game.board.at(game.moveToX, game.moveToY).team;
-  Square& king = game.board.at(KingColumn(game, capturedTeam), KingRow(game, capturedTeam));
-  AddPieceToDungeon(game, captor, capturedTeam, kKing);
-  if (king.team == capturedTeam && king.piece == kKing) {
-    king.team = kNoTeam;
-    king.piece = kNoPiece;
-  }
-  SetFallen(game, capturedTeam);
-  ApplyFate(game, capturedTeam, captor);
-  PlaySfx(outside, "sfx_captureking");
-  VictoryTest(game);
-}
-
-// The part of a move that every machine plays alike: the castle right, the
-// board, the dungeons, the history, the sound and a fallen kingdom.
-void PlayMove(Game& game, Outside& outside) {
-  if (!Board::InBounds(game.moveFromX, game.moveFromY) ||
-      !Board::InBounds(game.moveToX, game.moveToY))
-    throw std::out_of_range("The move leaves the board");
-  Square& from = game.board.at(game.moveFromX, game.moveFromY);
-  Square& to = game.board.at(game.moveToX, game.moveToY);
-
-  // Taking an enemy Castle Pawn or King costs the taker its right too.
-  if (from.piece == kCastlePawn || from.piece == kKing || to.piece == kCastlePawn ||
-      to.piece == kKing)
-    LoseCastleRight(game, game.currentTeam);
-
-  if (to.piece == kNoPiece) {
-    MovePiece(from, to);
-    AddMoveToHistory(game, false);
-    PlaySfx(outside, "sfx_click");
-  } else if (from.piece == kKing && to.piece == kCastlePawn && from.team == to.team) {
-    to.piece = kKing;
-    from.piece = kCastlePawn;
-    AddMoveToHistory(game, false);
-    PlaySfx(outside, "sfx_click");
-  } else if (to.piece == kKing) {
-    int fallen = to.team;
-    int captor = from.team;
-    AddPieceToDungeon(game, captor, fallen, kKing);
-    SetFallen(game, fallen);
-    ApplyFate(game, fallen, captor);
-    MovePiece(from, to);
-    AddMoveToHistory(game, true);
-    PlaySfx(outside, "sfx_captureking");
-    VictoryTest(game);
-  } else if (to.piece == kPawn || to.piece == kCastlePawn) {
-    int captured = to.team;
-    MovePiece(from, to);
-    AddMoveToHistory(game, true);
-    PlaySfx(outside, "sfx_capture");
-    KingRemoval(game, outside, captured);
-  } else {
-    int captured = to.team;
-    AddPieceToDungeon(game, from.team, to.team, to.piece);
-    MovePiece(from, to);
-    AddMoveToHistory(game, true);
-    PlaySfx(outside, "sfx_capturequeen");
-    KingRemoval(game, outside, captured);
-  }
-}
 
 void LosePawn(Game& game) {
   Square& pawn = game.board.at(game.moveToX, game.moveToY);
@@ -159,7 +63,7 @@ void AcceptMove(Game& game, Outside& outside) {
     game.pendingMoveMessage = MoveMessage(kMovePlain, 0, 0);
     game.gameSaved = false;
     game.boardChanged = true;
-    PlayMove(game, outside);
+    PlayMoveOnBoard(game, outside, MaterialNotice::HumanOrNetwork);
     OfferPawnOptions(game, outside);
     SendMove(game, outside);
     FinishMove(game, outside);
@@ -169,7 +73,7 @@ void AcceptMove(Game& game, Outside& outside) {
 void NetAcceptMove(Game& game, Outside& outside) {
   Guarded(outside, "frmMain", "NetAcceptMove", [&] {
     game.boardChanged = true;
-    PlayMove(game, outside);
+    PlayMoveOnBoard(game, outside, MaterialNotice::HumanOrNetwork);
     RepeatPawnOption(game, outside);
     FinishMove(game, outside);
   });

@@ -75,22 +75,6 @@ void ReadSavedGame(Game& game, Outside& outside, const std::string& path) {
 
 // Play goes on at the start of the current team's turn, whatever was under
 // way when the game was saved.
-void ResumeLoadedGame(Game& game, Outside& outside) {
-  outside.SetGameDescription(GameDescription(game));
-  UpdateCurrentPlayer(game, outside);
-  ShowPiece(game, outside, 0, 0, 0, 0);
-  outside.SetMenuEnabled(Menu::Resign, true);
-  game.moveFromX = game.moveFromY = game.moveToX = game.moveToY = 0;
-  game.winner = game.coWinner = kNoTeam;
-  ClearMarks(game);
-  ClearMoveablePieces(game);
-  StartTurn(game, outside);
-  bool allHuman = true;
-  for (int kind : game.playerKinds) allHuman = allHuman && kind == kHuman;
-  outside.ShowPauseButton(!allHuman && game.netRole != kNetClient);
-  game.paused = false;
-  game.boardChanged = true;
-}
 
 bool TryLoadGame(Game& game, Outside& outside, const std::string& path) {
   bool loaded = false;
@@ -110,6 +94,23 @@ std::string ProposedSaveName(const Game& game, Outside& outside) {
 }
 
 }  // namespace
+
+void ResumeLoadedGame(Game& game, Outside& outside) {
+  outside.SetGameDescription(GameDescription(game));
+  UpdateCurrentPlayer(game, outside);
+  ShowPiece(game, outside, 0, 0, 0, 0);
+  outside.SetMenuEnabled(Menu::Resign, true);
+  game.moveFromX = game.moveFromY = game.moveToX = game.moveToY = 0;
+  game.winner = game.coWinner = kNoTeam;
+  ClearMarks(game);
+  ClearMoveablePieces(game);
+  StartTurn(game, outside);
+  bool allHuman = true;
+  for (int kind : game.playerKinds) allHuman = allHuman && kind == kHuman;
+  outside.ShowPauseButton(!allHuman && game.netRole != kNetClient);
+  game.paused = false;
+  game.boardChanged = true;
+}
 
 void SaveGame(Game& game, Outside& outside, const std::string& path) {
   TrySaveGame(game, outside, path);

@@ -13,6 +13,10 @@ void SaveGame(Game& game, Outside& outside, const std::string& path);
 // running game stays exactly as it was and the error handler reports it.
 void LoadGame(Game& game, Outside& outside, const std::string& path);
 
+// Starts the game that has just been read at the beginning of its team's
+// turn: the labels, fresh marks, mode 1 or 8, the pause button.
+void ResumeLoadedGame(Game& game, Outside& outside);
+
 // The running game as plain text, as a host sends it to its clients.
 std::string GameImage(Game& game, Outside& outside);
 

@@ -4,8 +4,7 @@
 #include <filesystem>
 
 #include "cli.h"
-#include "core/labels.h"
-#include "core/turn.h"
+#include "flow/save_load.h"
 #include "persist/game_text.h"
 
 namespace varkesh::cli {
@@ -18,14 +17,7 @@ void UseToolFolder(ScriptedOutside& outside) {
 
 Game LoadForPlay(const std::string& path, ScriptedOutside& outside) {
   Game game = ReadGameFile(path);
-  outside.SetGameDescription(GameDescription(game));
-  UpdateCurrentPlayer(game, outside);
-  ShowPiece(game, outside, 0, 0, 0, 0);
-  outside.SetMenuEnabled(Menu::Resign, true);
-  ClearMarks(game);
-  ClearMoveablePieces(game);
-  StartTurn(game, outside);
-  game.boardChanged = true;
+  ResumeLoadedGame(game, outside);
   return game;
 }
 
