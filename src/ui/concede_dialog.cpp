@@ -58,6 +58,8 @@ ConcedeDialog::ConcedeDialog(const std::vector<int>& teams, QWidget* owner)
   page->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void ConcedeDialog::closeEvent(QCloseEvent* event) { event->ignore(); }
+void ConcedeDialog::closeEvent(QCloseEvent* event) {
+  event->ignore();
+}
 
 }  // namespace varkesh

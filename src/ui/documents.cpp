@@ -50,8 +50,8 @@ std::string RunFileDialog(QWidget* owner, QFileDialog::AcceptMode mode, const st
 
 void DesktopDocuments::OpenDocument(const std::string& pathOrAddress) {
   if (engine_.logLevel >= 2) {
-    WriteLog(engine_, engine_.engineLogNumber,
-             "Processes request to open file: " + pathOrAddress, true);
+    WriteLog(engine_, engine_.engineLogNumber, "Processes request to open file: " + pathOrAddress,
+             true);
   }
   const QString target = QString::fromStdString(pathOrAddress);
   QDesktopServices::openUrl(target.contains("://") ? QUrl(target) : QUrl::fromLocalFile(target));

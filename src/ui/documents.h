@@ -20,8 +20,7 @@ class Documents {
   // The chosen path, or "" when cancelled. The filter has the form
   // "Game Files (*.vsh)|*.vsh|All Files (*.*)|*.*".
   virtual std::string LoadFileDialog(QWidget* owner, const std::string& title,
-                                     const std::string& filter,
-                                     const std::string& initialName) = 0;
+                                     const std::string& filter, const std::string& initialName) = 0;
   virtual std::string SaveFileDialog(QWidget* owner, const std::string& title,
                                      const std::string& filter, const std::string& initialName,
                                      const std::string& defaultExtension) = 0;

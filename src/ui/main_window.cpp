@@ -70,11 +70,24 @@ QAction* MainWindow::AddEntry(QMenu* menu, const char* objectName, const char* t
   return action;
 }
 
-template <class Body>
-void MainWindow::RunCommand(const char* sub, Body&& body) {
-  ++commandDepth_;
-  Guarded(*outside_, kModule, sub, body);
-  --commandDepth_;
+QAction* MainWindow::AddCommand(QMenu* menu, const char* objectName, const char* text,
+                                const QKeySequence& key, std::function<void()> body) {
+  QAction* action = AddEntry(menu, objectName, text, key);
+  // Named as the error log names the handler: "mnuGameNew.Click".
+  const std::string sub = std::string(objectName) + ".Click";
+  connect(action, &QAction::triggered, this, [this, sub, body = std::move(body)] {
+    ++commandDepth_;
+    Guarded(*outside_, kModule, sub.c_str(), body);
+    --commandDepth_;
+  });
+  return action;
+}
+
+QMenu* MainWindow::AddMenu(const char* objectName, const char* text, Menu id) {
+  QMenu* menu = menuBar()->addMenu(text);
+  menu->setObjectName(objectName);
+  menus_[id] = menu->menuAction();
+  return menu;
 }
 
 void MainWindow::OpenDocument(const std::string& pathOrAddress) {
@@ -86,130 +99,123 @@ void MainWindow::OpenProgramFile(const char* name) {
 }
 
 void MainWindow::BuildMenus() {
-  QMenuBar* bar = menuBar();
+  BuildGameMenu();
+  BuildNetPlayMenu();
+  BuildOptionsMenu();
+  BuildResignMenu();
+  BuildHelpMenu();
+}
 
-  QMenu* gameMenu = bar->addMenu("&Game");
-  gameMenu->setObjectName("mnuGame");
-  menus_[Menu::Game] = gameMenu->menuAction();
-  menus_[Menu::GameNew] = AddEntry(gameMenu, "mnuGameNew", "&New Game", Qt::CTRL | Qt::Key_N);
-  connect(menus_[Menu::GameNew], &QAction::triggered, this, [this] {
-    RunCommand("mnuGameNew.Click", [this] { NewGameCommand(game_, *outside_); });
-  });
-  gameMenu->addSeparator()->setObjectName("mnuGameUL1");
-  menus_[Menu::GameLoad] = AddEntry(gameMenu, "mnuGameLoad", "&Load Game", Qt::CTRL | Qt::Key_L);
-  connect(menus_[Menu::GameLoad], &QAction::triggered, this, [this] {
-    RunCommand("mnuGameLoad.Click", [this] { LoadGameCommand(game_, *outside_); });
-  });
-  menus_[Menu::GameSave] = AddEntry(gameMenu, "mnuGameSave", "&Save Game", Qt::CTRL | Qt::Key_S);
-  connect(menus_[Menu::GameSave], &QAction::triggered, this, [this] {
-    RunCommand("mnuGameSave.Click", [this] { SaveGameCommand(game_, *outside_); });
-  });
-  gameMenu->addSeparator()->setObjectName("mnuGameUL3");
-  connect(AddEntry(gameMenu, "mnuGameExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
+void MainWindow::BuildGameMenu() {
+  QMenu* menu = AddMenu("mnuGame", "&Game", Menu::Game);
+  menus_[Menu::GameNew] = AddCommand(menu, "mnuGameNew", "&New Game", Qt::CTRL | Qt::Key_N,
+                                     [this] { NewGameCommand(game_, *outside_); });
+  menu->addSeparator()->setObjectName("mnuGameUL1");
+  menus_[Menu::GameLoad] = AddCommand(menu, "mnuGameLoad", "&Load Game", Qt::CTRL | Qt::Key_L,
+                                      [this] { LoadGameCommand(game_, *outside_); });
+  menus_[Menu::GameSave] = AddCommand(menu, "mnuGameSave", "&Save Game", Qt::CTRL | Qt::Key_S,
+                                      [this] { SaveGameCommand(game_, *outside_); });
+  menu->addSeparator()->setObjectName("mnuGameUL3");
+  connect(AddEntry(menu, "mnuGameExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
+}
 
-  QMenu* netPlayMenu = bar->addMenu("&NetPlay");
-  netPlayMenu->setObjectName("mnuNetPlay");
-  menus_[Menu::NetPlay] = netPlayMenu->menuAction();
-  const auto netPlayMissing = [this] {
-    RunCommand("mnuNetPlay.Click", [this] {
-      outside_->ShowMessage("NetPlay", "NetPlay is not available in this version of Varkesh.");
-    });
+void MainWindow::BuildNetPlayMenu() {
+  QMenu* menu = AddMenu("mnuNetPlay", "&NetPlay", Menu::NetPlay);
+  const auto missing = [this] {
+    outside_->ShowMessage("NetPlay", "NetPlay is not available in this version of Varkesh.");
   };
-  connect(AddEntry(netPlayMenu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H),
-          &QAction::triggered, this, netPlayMissing);
-  connect(AddEntry(netPlayMenu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C),
-          &QAction::triggered, this, netPlayMissing);
+  AddCommand(menu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H, missing);
+  AddCommand(menu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C, missing);
+}
 
-  QMenu* optionsMenu = bar->addMenu("&Options");
-  optionsMenu->setObjectName("mnuOptions");
-  menus_[Menu::Options] = optionsMenu->menuAction();
+void MainWindow::BuildOptionsMenu() {
+  QMenu* menu = AddMenu("mnuOptions", "&Options", Menu::Options);
   const struct {
     Menu id;
     const char* objectName;
     const char* text;
-    QKeyCombination key;
+    QKeySequence key;
   } options[] = {
       {Menu::OptionsSfx, "mnuOptionsSfx", "Sound E&ffects", Qt::CTRL | Qt::Key_F},
-      {Menu::OptionIndicator, "mnuOptionIndicator", "Selection &Indicator",
-       Qt::CTRL | Qt::Key_I},
+      {Menu::OptionIndicator, "mnuOptionIndicator", "Selection &Indicator", Qt::CTRL | Qt::Key_I},
       {Menu::OptionsShowComp, "mnuOptionsShowComp", "&Preview Computer Moves",
        Qt::CTRL | Qt::Key_P},
       {Menu::OptionsHints, "mnuOptionsHints", "&User Interface Hints", Qt::CTRL | Qt::Key_U},
   };
   for (const auto& option : options) {
-    QAction* action = AddEntry(optionsMenu, option.objectName, option.text, option.key);
+    QAction* action = AddEntry(menu, option.objectName, option.text, option.key);
     action->setCheckable(true);
     action->setChecked(true);
     menus_[option.id] = action;
   }
-  // The strobe shows at once when switched, so the board is drawn anew.
+  // The strobe shows or goes at once, so the board is drawn anew.
   connect(menus_[Menu::OptionIndicator], &QAction::triggered, this,
           [this] { game_.boardChanged = true; });
-  optionsMenu->addSeparator()->setObjectName("mnuOptionsUL1");
+
+  menu->addSeparator()->setObjectName("mnuOptionsUL1");
   auto* history = new QActionGroup(this);
   history->setExclusive(true);
   const struct {
     Menu id;
     const char* objectName;
     const char* text;
-    Qt::Key key;
+    QKeySequence key;
   } histories[] = {
       {Menu::History0, "mnuHistory0", "Show N&o Move History", Qt::Key_F2},
       {Menu::History1, "mnuHistory1", "Show &1 Move History", Qt::Key_F3},
       {Menu::History3, "mnuHistory3", "Show &3 Moves History", Qt::Key_F4},
   };
   for (const auto& entry : histories) {
-    QAction* action = AddEntry(optionsMenu, entry.objectName, entry.text, entry.key);
+    QAction* action = AddEntry(menu, entry.objectName, entry.text, entry.key);
     action->setCheckable(true);
     history->addAction(action);
     menus_[entry.id] = action;
     connect(action, &QAction::triggered, this, [this] { game_.boardChanged = true; });
   }
   menus_[Menu::History0]->setChecked(true);
+}
 
-  QMenu* resignMenu = bar->addMenu("&Resign");
-  resignMenu->setObjectName("mnuResign");
-  menus_[Menu::Resign] = resignMenu->menuAction();
-  connect(AddEntry(resignMenu, "mnuResignResign", "&Resign from Game", Qt::CTRL | Qt::Key_R),
-          &QAction::triggered, this, [this] {
-            RunCommand("mnuResignResign.Click", [this] { DoResign(game_, *outside_, -1); });
-          });
+void MainWindow::BuildResignMenu() {
+  QMenu* menu = AddMenu("mnuResign", "&Resign", Menu::Resign);
+  AddCommand(menu, "mnuResignResign", "&Resign from Game", Qt::CTRL | Qt::Key_R,
+             [this] { DoResign(game_, *outside_, -1); });
   SetMenuEnabled(Menu::Resign, false);
+}
 
-  QMenu* helpMenu = bar->addMenu("&Help");
-  helpMenu->setObjectName("mnuHelp");
-  menus_[Menu::Help] = helpMenu->menuAction();
-  const auto command = [this](const char* sub, auto target) {
-    return [this, sub, target] { RunCommand(sub, [this, target] { target(); }); };
-  };
-  connect(AddEntry(helpMenu, "mnuHelpHelp", "Varkesh Help", Qt::Key_F1), &QAction::triggered,
-          this, command("mnuHelpHelp.Click", [this] { OpenProgramFile("help/help.htm"); }));
-  helpMenu->addSeparator()->setObjectName("mnuHelpUL1");
-  connect(AddEntry(helpMenu, "mnuHelpReadMe", "View &ReadMe.txt File"), &QAction::triggered, this,
-          command("mnuHelpReadMe.Click", [this] { OpenProgramFile("ReadMe.txt"); }));
-  helpMenu->addSeparator()->setObjectName("mnuHelpUL3");
-  connect(AddEntry(helpMenu, "mnuHelpWebsite", "Varkesh &Webpage"), &QAction::triggered, this,
-          command("mnuHelpWebsite.Click", [this] { OpenDocument(WebPages::kHome); }));
-  connect(AddEntry(helpMenu, "mnuHelpMsgBrd", "&Message Board"), &QAction::triggered, this,
-          command("mnuHelpMsgBrd.Click",
-               [this] { OpenDocument(WebPages::kMessageBoard); }));
-  helpMenu->addSeparator()->setObjectName("mnuHelpUL2");
-  connect(AddEntry(helpMenu, "mnuHelpGamesPub", "Find &Opponents"), &QAction::triggered, this,
-          command("mnuHelpGamesPub.Click",
-               [this] { OpenDocument(WebPages::kFindOpponents); }));
-  helpMenu->addSeparator()->setObjectName("mnuHelpUL4");
-  connect(AddEntry(helpMenu, "mnuHelpAbout", "&About Varkesh", Qt::CTRL | Qt::Key_A),
+void MainWindow::BuildHelpMenu() {
+  QMenu* menu = AddMenu("mnuHelp", "&Help", Menu::Help);
+  AddCommand(menu, "mnuHelpHelp", "Varkesh Help", Qt::Key_F1,
+             [this] { OpenProgramFile("help/help.htm"); });
+  menu->addSeparator()->setObjectName("mnuHelpUL1");
+  AddCommand(menu, "mnuHelpReadMe", "View &ReadMe.txt File", {},
+             [this] { OpenProgramFile("ReadMe.txt"); });
+  menu->addSeparator()->setObjectName("mnuHelpUL3");
+  AddCommand(menu, "mnuHelpWebsite", "Varkesh &Webpage", {},
+             [this] { OpenDocument(WebPages::kHome); });
+  AddCommand(menu, "mnuHelpMsgBrd", "&Message Board", {},
+             [this] { OpenDocument(WebPages::kMessageBoard); });
+  menu->addSeparator()->setObjectName("mnuHelpUL2");
+  AddCommand(menu, "mnuHelpGamesPub", "Find &Opponents", {},
+             [this] { OpenDocument(WebPages::kFindOpponents); });
+  menu->addSeparator()->setObjectName("mnuHelpUL4");
+  connect(AddEntry(menu, "mnuHelpAbout", "&About Varkesh", Qt::CTRL | Qt::Key_A),
           &QAction::triggered, this, [this] {
             game_.modeAfterTitle = game_.gameMode;
             game_.gameMode = ModeTitle;
           });
 }
 
-void MainWindow::SetMenuEnabled(Menu menu, bool enabled) { menus_.at(menu)->setEnabled(enabled); }
+void MainWindow::SetMenuEnabled(Menu menu, bool enabled) {
+  menus_.at(menu)->setEnabled(enabled);
+}
 
-bool MainWindow::IsMenuChecked(Menu menu) const { return menus_.at(menu)->isChecked(); }
+bool MainWindow::IsMenuChecked(Menu menu) const {
+  return menus_.at(menu)->isChecked();
+}
 
-void MainWindow::SetMenuChecked(Menu menu, bool checked) { menus_.at(menu)->setChecked(checked); }
+void MainWindow::SetMenuChecked(Menu menu, bool checked) {
+  menus_.at(menu)->setChecked(checked);
+}
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == centralWidget() && event->type() == QEvent::Resize) LayOutInnerArea();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -61,11 +62,19 @@ class MainWindow : public QMainWindow {
  private:
   void PlaceOnScreen();
   void BuildMenus();
+  void BuildGameMenu();
+  void BuildNetPlayMenu();
+  void BuildOptionsMenu();
+  void BuildResignMenu();
+  void BuildHelpMenu();
+  QMenu* AddMenu(const char* objectName, const char* text, Menu id);
   QAction* AddEntry(QMenu* menu, const char* objectName, const char* text,
                     const QKeySequence& key = {});
+  // An entry whose handler runs under the error handler, with the main loop
+  // held while it runs.
+  QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
+                      const QKeySequence& key, std::function<void()> body);
   void LayOutInnerArea();
-  template <class Body>
-  void RunCommand(const char* sub, Body&& body);
 
   Game& game_;
   std::unique_ptr<QtOutside> outside_;

@@ -57,14 +57,12 @@ NewGameDialog::NewGameDialog(const PerTeam<int>& lastPlayers, const QString& pro
   nameRow->addWidget(nameLabel);
   nameRow->addWidget(name_, 1);
 
-  QGroupBox* alliance =
-      OptionGroup("fraAlliance", "Type of Game",
-                  {"Allied &Neighbors", "C&rossroad Allies", "&Anarchy"}, gameTypes_,
-                  "optGameType");
-  QGroupBox* kingCapture =
-      OptionGroup("fraKingCapture", "Captured King Results",
-                  {"Kingdom &Gained", "Kingdom L&ost", "Kingdom Fro&zen"}, rules_,
-                  "optKingCapture");
+  QGroupBox* alliance = OptionGroup("fraAlliance", "Type of Game",
+                                    {"Allied &Neighbors", "C&rossroad Allies", "&Anarchy"},
+                                    gameTypes_, "optGameType");
+  QGroupBox* kingCapture = OptionGroup("fraKingCapture", "Captured King Results",
+                                       {"Kingdom &Gained", "Kingdom L&ost", "Kingdom Fro&zen"},
+                                       rules_, "optKingCapture");
   auto* options = new QHBoxLayout;
   options->addWidget(alliance);
   options->addWidget(kingCapture);
@@ -72,8 +70,8 @@ NewGameDialog::NewGameDialog(const PerTeam<int>& lastPlayers, const QString& pro
   auto* playersBox = new QGroupBox("Player Setup");
   playersBox->setObjectName("fraPlayers");
   auto* playerGrid = new QGridLayout(playersBox);
-  const std::array<const char*, kTeamCount> playerLabels = {"&White Player:", "&Blue Player:",
-                                                            "Blac&k Player:", "Re&d Player:"};
+  const std::array<const char*, kTeamCount> playerLabels = {
+      "&White Player:", "&Blue Player:", "Blac&k Player:", "Re&d Player:"};
   for (int i = 0; i < kTeamCount; ++i) {
     const auto at = static_cast<std::size_t>(i);
     auto* label = new QLabel(playerLabels[at]);

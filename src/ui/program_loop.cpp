@@ -39,18 +39,18 @@ void LoadGameOfCommandLine(Program& program, const CommandLine& commandLine) {
 void BeginRun(Program& program, const CommandLine& commandLine) {
   MainWindow& window = *program.window;
   if (commandLine.showFps) window.view().FrameRateLabel().show();
-  if (!commandLine.savedGamePath.empty())
-    LoadGameOfCommandLine(program, commandLine);
+  if (!commandLine.savedGamePath.empty()) LoadGameOfCommandLine(program, commandLine);
   if (TakeFirstRun(*program.settings)) window.OpenProgramFile("ReadMe.txt");
 }
 
 ProgramLoop::ProgramLoop(Program& program) : program_(program) {
   pace_.setSingleShot(true);
-  pace_.setInterval(kSleepMs);
   connect(&pace_, &QTimer::timeout, this, &ProgramLoop::Tick);
 }
 
-void ProgramLoop::Start() { pace_.start(0); }
+void ProgramLoop::Start() {
+  pace_.start(0);
+}
 
 void ProgramLoop::Tick() {
   Game& game = program_.game;

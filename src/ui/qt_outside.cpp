@@ -29,8 +29,8 @@ void SetLabelNow(QLabel& label, const std::string& text) {
 }  // namespace
 
 void QtOutside::ShowMessage(const std::string& title, const std::string& text) {
-  QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(title),
-                  QString::fromStdString(text), QMessageBox::Ok, &window_);
+  QMessageBox box(QMessageBox::NoIcon, QString::fromStdString(title), QString::fromStdString(text),
+                  QMessageBox::Ok, &window_);
   box.exec();
 }
 
@@ -76,7 +76,9 @@ std::string QtOutside::SaveFileDialog(const std::string& title, const std::strin
   return services_.documents.SaveFileDialog(&window_, title, filter, initialName, defaultExtension);
 }
 
-void QtOutside::SetTurnLabel(const std::string& text) { SetLabelNow(window_.turnLabel(), text); }
+void QtOutside::SetTurnLabel(const std::string& text) {
+  SetLabelNow(window_.turnLabel(), text);
+}
 
 void QtOutside::SetPieceLabel(const std::string& text) {
   SetLabelNow(window_.pieceLabel(), text);
@@ -86,24 +88,36 @@ void QtOutside::SetGameDescription(const std::string& text) {
   SetLabelNow(window_.gameDescriptionLabel(), text);
 }
 
-void QtOutside::SetMenuEnabled(Menu menu, bool enabled) { window_.SetMenuEnabled(menu, enabled); }
+void QtOutside::SetMenuEnabled(Menu menu, bool enabled) {
+  window_.SetMenuEnabled(menu, enabled);
+}
 
-bool QtOutside::IsMenuChecked(Menu menu) const { return window_.IsMenuChecked(menu); }
+bool QtOutside::IsMenuChecked(Menu menu) const {
+  return window_.IsMenuChecked(menu);
+}
 
-void QtOutside::ShowPauseButton(bool visible) { window_.view().PauseButton().setVisible(visible); }
+void QtOutside::ShowPauseButton(bool visible) {
+  window_.view().PauseButton().setVisible(visible);
+}
 
 void QtOutside::PlaySound(const std::string& entry) {
   services_.sound.PlaySoundFile(services_.pack.ExtractEntry(entry));
 }
 
-std::string QtOutside::ExtractEntry(const std::string& entry) { return services_.pack.ExtractEntry(entry); }
+std::string QtOutside::ExtractEntry(const std::string& entry) {
+  return services_.pack.ExtractEntry(entry);
+}
 
-void QtOutside::Yield() { QCoreApplication::processEvents(); }
+void QtOutside::Yield() {
+  QCoreApplication::processEvents();
+}
 
 void QtOutside::OpenDocument(const std::string& pathOrAddress) {
   services_.documents.OpenDocument(pathOrAddress);
 }
 
-double QtOutside::Now() { return EngineClock(services_.engine); }
+double QtOutside::Now() {
+  return EngineClock(services_.engine);
+}
 
 }  // namespace varkesh

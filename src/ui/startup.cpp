@@ -71,6 +71,42 @@ OptionMarks MarksOf(const MainWindow& window) {
   return marks;
 }
 
+// The drawing engine with the main view, shown in the window's board view.
+void StartDrawing(Program& program) {
+  GeneralEngine& engine = program.engine;
+  program.gdi = std::make_unique<Gdi>(
+      engine, [&engine] { return EngineClock(engine); }, program.game.random);
+  Gdi& gdi = *program.gdi;
+  const int mainView = NewMainView(gdi);
+  program.mainView = mainView;
+  ViewWidget& view = program.window->view();
+  gdi.AttachWindow(mainView, view.AsViewWindow());
+  view.SetScreenImage([&gdi, mainView]() -> const QImage& { return gdi.ScreenImage(mainView); });
+}
+
+// Opens the pack and loads the board's pictures from it. Throws when the pack
+// is missing or damaged.
+std::unique_ptr<BoardView> LoadBoard(Program& program, const std::string& appPath) {
+  const std::string tempFolder = appPath + "temp";
+  PrepareTempFolder(tempFolder);
+  PackReader& pack = program.pack;
+  pack.OpenPack(appPath + "r.opk", tempFolder);
+
+  GeneralEngine& engine = program.engine;
+  MainWindow& window = *program.window;
+  QLabel& frameRate = window.view().FrameRateLabel();
+  const EntryPath entryPath = [&pack](const std::string& entry) {
+    return pack.ExtractEntry(entry);
+  };
+  return std::make_unique<BoardView>(
+      *program.gdi, engine, LoadBoardArt(*program.gdi, engine, program.mainView, entryPath),
+      BoardViewHooks{entryPath, [&window](Menu menu) { return window.IsMenuChecked(menu); },
+                     [&engine] { return EngineClock(engine); },
+                     [&frameRate](const std::string& text) {
+                       frameRate.setText(QString::fromStdString(text));
+                     }});
+}
+
 }  // namespace
 
 Program::Program() = default;
@@ -91,40 +127,17 @@ bool StartUp(Program& program, const CommandLine& commandLine, const std::string
     std::filesystem::remove(appPath + "ai.log", ignored);
   }
 
-  GeneralEngine& engine = program.engine;
-  program.gdi = std::make_unique<Gdi>(
-      engine, [&engine] { return EngineClock(engine); }, program.game.random);
-  Gdi& gdi = *program.gdi;
-  const int mainView = NewMainView(gdi);
-  program.mainView = mainView;
-  gdi.AttachWindow(mainView, window.view().AsViewWindow());
-  window.view().SetScreenImage(
-      [&gdi, mainView]() -> const QImage& { return gdi.ScreenImage(mainView); });
-
-  const std::string tempFolder = appPath + "temp";
+  StartDrawing(program);
   try {
-    PrepareTempFolder(tempFolder);
-    program.pack.OpenPack(appPath + "r.opk", tempFolder);
+    program.view = LoadBoard(program, appPath);
   } catch (const std::exception& error) {
     window.outside().ShowMessage(
-        "Varkesh", std::string("The game's resource file 'r.opk' could not be opened, so "
-                               "Varkesh cannot start.\n\n") +
+        "Varkesh", std::string("The game's resource file 'r.opk' could not be read, so Varkesh "
+                               "cannot start.\n\n") +
                        error.what() + "\n\nPlease install the game again.");
+    ShutdownGeneralEngine(program.engine);
     return false;
   }
-
-  PackReader& pack = program.pack;
-  const EntryPath entryPath = [&pack](const std::string& entry) {
-    return pack.ExtractEntry(entry);
-  };
-  QLabel& frameRate = window.view().FrameRateLabel();
-  program.view = std::make_unique<BoardView>(
-      gdi, engine, LoadBoardArt(gdi, engine, mainView, entryPath),
-      BoardViewHooks{entryPath, [&window](Menu menu) { return window.IsMenuChecked(menu); },
-                     [&engine] { return EngineClock(engine); },
-                     [&frameRate](const std::string& text) {
-                       frameRate.setText(QString::fromStdString(text));
-                     }});
 
   ApplyStoredPlacement(window, *program.settings);
   ApplyStoredOptions(window, *program.settings);
@@ -139,8 +152,8 @@ void ShutDown(Program& program) {
 
   MainWindow& window = *program.window;
   // The place of the normal window is kept, even when it was maximized.
-  const QRect normal = window.normalGeometry().isValid() ? window.normalGeometry()
-                                                         : window.geometry();
+  const QRect normal =
+      window.normalGeometry().isValid() ? window.normalGeometry() : window.geometry();
   WriteWindowPlacement(*program.settings, "Main", normal.top(), normal.left(), normal.height(),
                        normal.width(), window.isMaximized() ? kMaximized : 0);
   WriteOptionMarks(*program.settings, MarksOf(window));

@@ -54,10 +54,9 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 ViewWindow ViewWidget::AsViewWindow() {
-  return ViewWindow{[this] { return contentsRect().size(); },
-                    [this](const QRect& shown) {
-                      update(shown.translated(contentsRect().topLeft()));
-                    }};
+  return ViewWindow{
+      [this] { return contentsRect().size(); },
+      [this](const QRect& shown) { update(shown.translated(contentsRect().topLeft())); }};
 }
 
 void ViewWidget::paintEvent(QPaintEvent* event) {

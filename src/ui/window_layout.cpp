@@ -4,8 +4,8 @@
 
 namespace varkesh {
 
-std::optional<WindowLayout> LayOutWindow(int innerWidth, int innerHeight,
-                                         int descriptionTextHeight, int labelTextHeight) {
+std::optional<WindowLayout> LayOutWindow(int innerWidth, int innerHeight, int descriptionTextHeight,
+                                         int labelTextHeight) {
   if (innerWidth < kSmallestInnerWidth || innerHeight < kSmallestInnerHeight) return {};
 
   WindowLayout layout;

@@ -8,7 +8,7 @@ namespace varkesh {
 
 // The view never grows past the 600-pixel back buffer and its two borders.
 inline constexpr int kLargestViewSide = 604;
-// Below this inner size the window is grown again rather than laid out.
+// The smallest inner area laid out; the window is not let shrink below it.
 inline constexpr int kSmallestInnerHeight = 100;
 inline constexpr int kSmallestInnerWidth = 20;
 
@@ -21,7 +21,7 @@ struct WindowLayout {
 
 // descriptionTextHeight and labelTextHeight are the heights of "Game" and
 // "Turn" in the labels' font. Nothing for an empty or too small area.
-std::optional<WindowLayout> LayOutWindow(int innerWidth, int innerHeight,
-                                         int descriptionTextHeight, int labelTextHeight);
+std::optional<WindowLayout> LayOutWindow(int innerWidth, int innerHeight, int descriptionTextHeight,
+                                         int labelTextHeight);
 
 }  // namespace varkesh

@@ -2,6 +2,8 @@
 // its own, with its settings in a file there and scripted file dialogs.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QTemporaryDir>
 #include <QTest>
 #include <functional>
@@ -58,7 +60,7 @@ class RunningProgram {
   // A menu shortcut, typed into the main window once it is the active one.
   void PressShortcut(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
     window().activateWindow();
-    QTest::qWaitForWindowActive(&window());
+    if (!QTest::qWaitForWindowActive(&window())) ADD_FAILURE() << "the window is not active";
     QTest::keyClick(&window(), key, modifiers);
   }
 

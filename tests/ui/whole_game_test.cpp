@@ -223,15 +223,14 @@ TEST(WholeGame, AResignationUnderKingdomGainedNamesTheGainerInTheConcedeDialog) 
 }
 
 TEST(StartOfTheRun, TheFirstRunOpensTheReadMeAndASavedGameOnTheCommandLineSkipsTheTitle) {
-  std::string saved;
+  QTemporaryDir keep;
+  const std::string saved = keep.filePath("start.vsh").toStdString();
   {
     RunningProgram first(CommandLine{}, {});
     ASSERT_TRUE(first.Started());
-    EXPECT_EQ(first.documents().opened,
-              std::vector<std::string>{first.folder() + "ReadMe.txt"});
+    EXPECT_EQ(first.documents().opened, std::vector<std::string>{first.folder() + "ReadMe.txt"});
     EXPECT_EQ(first.settings().Read("First"), "Done");
     StartGame(first, {1, 2, {kHuman, kDefensive, kHuman, kDefensive}});
-    saved = first.folder() + "../varkesh-start-test.vsh";
     first.documents().saveAnswers.push_back(saved);
     first.window().findChild<QAction*>("mnuGameSave")->trigger();
     ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
@@ -242,9 +241,8 @@ TEST(StartOfTheRun, TheFirstRunOpensTheReadMeAndASavedGameOnTheCommandLineSkipsT
   EXPECT_TRUE(second.documents().opened.empty());
   EXPECT_EQ(second.game().gameMode, ModeChoosePiece);
   EXPECT_EQ(second.game().playerKinds, (PerTeam<int>{kHuman, kDefensive, kHuman, kDefensive}));
-  EXPECT_TRUE(second.window().gameDescriptionLabel().text().endsWith(
-      "(Crossroad Allies/Kingdom Frozen)"));
-  QFile::remove(QString::fromStdString(saved));
+  EXPECT_TRUE(
+      second.window().gameDescriptionLabel().text().endsWith("(Crossroad Allies/Kingdom Frozen)"));
 }
 
 TEST(StartOfTheRun, AMissingOrDamagedSavedGameIsExplainedAndTheTitleFollows) {
@@ -271,6 +269,21 @@ TEST(StartOfTheRun, AMissingOrDamagedSavedGameIsExplainedAndTheTitleFollows) {
     ASSERT_FALSE(boxes.empty()) << path;
     EXPECT_TRUE(boxes.back().contains(QString::fromStdString(path))) << path;
   }
+}
+
+TEST(StartOfTheRun, WithoutItsPackTheProgramSaysSoAndDoesNotStart) {
+  QTemporaryDir folder;
+  Program program;
+  program.settings = std::make_unique<SettingsStore>(folder.filePath("settings.ini").toStdString());
+  program.documents = std::make_unique<test::ScriptedDocuments>();
+  QString shown;
+  const auto note = test::WhenModalOpens([&shown](QWidget& box) {
+    shown = static_cast<QMessageBox&>(box).text();
+    box.close();
+  });
+  EXPECT_FALSE(StartUp(program, CommandLine{}, folder.path().toStdString() + "/"));
+  EXPECT_TRUE(shown.contains("'r.opk'")) << shown.toStdString();
+  EXPECT_FALSE(program.window->isVisible());
 }
 
 }  // namespace
