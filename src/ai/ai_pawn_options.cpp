@@ -2,24 +2,13 @@
 // that every machine of a session makes the same choice.
 #include "ai/computer.h"
 #include "core/dungeon.h"
+#include "core/pawn_options.h"
 
 namespace varkesh {
 namespace {
 
 // Not the order of the values: Kings are never taken this way, Pawns never held.
 constexpr int kRaidOrder[] = {kQueen, kBishop, kRook, kKnight, kCastlePawn};
-
-struct KeepArea {
-  int x0, x1, y0, y1;
-};
-
-// The keep that (x, y) lies in, with the six off-board squares of its rectangle.
-KeepArea KeepAround(int x, int y) {
-  if (x < 3) return {0, 2, 6, 10};
-  if (x > 13) return {14, 16, 6, 10};
-  if (y < 3) return {6, 10, 0, 2};
-  return {6, 10, 14, 16};
-}
 
 // The first piece of the kind that stands in its own team's keep.
 Square* FindTarget(Game& game, const KeepArea& area, int kind) {

@@ -8,20 +8,6 @@ namespace varkesh {
 
 namespace {
 
-struct KeepRect {
-  int x0, x1, y0, y1;
-};
-
-// The keep that (x, y) lies in, as a 3 by 5 rectangle; the first test that
-// fits decides. Empty for a square that lies in no keep.
-KeepRect KeepAround(int x, int y) {
-  if (x < 3) return {0, 2, 6, 10};
-  if (x > 13) return {14, 16, 6, 10};
-  if (y < 3) return {6, 10, 0, 2};
-  if (y > 13) return {6, 10, 14, 16};
-  return {0, -1, 0, -1};
-}
-
 bool CanBeTakenByOption(int piece) {
   return piece >= kBishop && piece <= kQueen;
 }
@@ -58,6 +44,14 @@ void FreePrisoner(Game& game, Outside& outside, int toX, int toY, int index) {
 
 }  // namespace
 
+KeepArea KeepAround(int x, int y) {
+  if (x < 3) return {0, 2, 6, 10};
+  if (x > 13) return {14, 16, 6, 10};
+  if (y < 3) return {6, 10, 0, 2};
+  if (y > 13) return {6, 10, 14, 16};
+  return {0, -1, 0, -1};
+}
+
 std::string MoveMessage(int kind, int argA, int argB) {
   return "GAMV}" + std::to_string(kind) + kFieldSeparator + std::to_string(argA) + kFieldSeparator +
          std::to_string(argB);
@@ -80,7 +74,7 @@ std::vector<PawnOption> ListPawnOptions(const Game& game, int toX, int toY) {
   if (!Board::InBounds(toX, toY)) return options;
   const Square& pawn = game.board.at(toX, toY);
 
-  KeepRect keep = KeepAround(toX, toY);
+  KeepArea keep = KeepAround(toX, toY);
   for (int x = keep.x0; x <= keep.x1; ++x) {
     for (int y = keep.y0; y <= keep.y1; ++y) {
       const Square& square = game.board.at(x, y);

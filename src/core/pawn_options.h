@@ -26,6 +26,13 @@ inline constexpr int kMovePawnLost = 3;
 // "GAMV}kind", argA and argB, joined by kFieldSeparator.
 std::string MoveMessage(int kind, int argA, int argB);
 
+// The 3 by 5 rectangle of the keep that (x, y) lies in: its nine keep squares
+// and six off the board. Empty (x1 < x0) for a square in no keep.
+struct KeepArea {
+  int x0, x1, y0, y1;
+};
+KeepArea KeepAround(int x, int y);
+
 // Whether the piece now on (x, y) earns the options: a Pawn on any keep
 // square, a Castle Pawn on a square of a hostile keep.
 bool PawnOptionsDue(const Game& game, int x, int y);

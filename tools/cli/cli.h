@@ -22,7 +22,9 @@ struct CliError : std::runtime_error {
 [[noreturn]] inline void Usage(const std::string& usageLine) {
   throw CliError(2, "usage: varkesh-cli " + usageLine);
 }
-[[noreturn]] inline void BadInput(const std::string& message) { throw CliError(1, message); }
+[[noreturn]] inline void BadInput(const std::string& message) {
+  throw CliError(1, message);
+}
 
 // The options of a command line: "--name value" pairs, bare "--flag"s and
 // positional words. Unknown options are a usage error of the caller.
@@ -38,6 +40,10 @@ Options ParseOptions(const Args& args, const std::vector<std::string>& valued,
                      const std::vector<std::string>& flags, const std::string& usageLine);
 // A whole number, or a usage error with usageLine.
 int ParseInt(const std::string& text, const std::string& usageLine);
+// A whole number from low to high, or a usage error with usageLine.
+int ParseBetween(const std::string& text, int low, int high, const std::string& usageLine);
+// Four player kinds "a,b,c,d", each from lowestKind to the Defensive computer.
+PerTeam<int> ParsePlayers(const std::string& text, int lowestKind, const std::string& usageLine);
 
 // Reads a game from a plain game text or a coded .vsh file (told apart by the
 // magic); a file that is neither is a bad input (exit 1).

@@ -10,25 +10,6 @@ namespace {
 
 constexpr const char* kUsage = "new [--type T] [--rule R] [--players a,b,c,d] [--name NAME]";
 
-int ParseChoice(const std::string& text, int low, int high) {
-  int value = ParseInt(text, kUsage);
-  if (value < low || value > high) Usage(kUsage);
-  return value;
-}
-
-PerTeam<int> ParsePlayers(const std::string& text) {
-  PerTeam<int> players{};
-  std::istringstream fields(text);
-  std::string field;
-  std::size_t count = 0;
-  while (std::getline(fields, field, ',')) {
-    if (count == players.size()) Usage(kUsage);
-    players[count++] = ParseChoice(field, kHuman, kDefensive);
-  }
-  if (count != players.size() || text.back() == ',') Usage(kUsage);
-  return players;
-}
-
 std::string Trimmed(const std::string& text) {
   std::size_t first = text.find_first_not_of(' ');
   if (first == std::string::npos) return "";
@@ -43,9 +24,10 @@ int CmdNew(const Args& args) {
 
   NewGameChoice choice;
   choice.accepted = true;
-  choice.gameType = ParseChoice(options.Value("type", "1"), kAlliedNeighbors, kAnarchy);
-  choice.kingCaptureRule = ParseChoice(options.Value("rule", "1"), kKingdomGained, kKingdomFrozen);
-  choice.players = ParsePlayers(options.Value("players", "0,0,0,0"));
+  choice.gameType = ParseBetween(options.Value("type", "1"), kAlliedNeighbors, kAnarchy, kUsage);
+  choice.kingCaptureRule =
+      ParseBetween(options.Value("rule", "1"), kKingdomGained, kKingdomFrozen, kUsage);
+  choice.players = ParsePlayers(options.Value("players", "0,0,0,0"), kHuman, kUsage);
   // As in the dialog: the name is trimmed, and one of blanks only is refused.
   choice.name = Trimmed(options.Value("name", "Varkesh Game"));
   if (choice.name.empty()) Usage(kUsage);

@@ -44,40 +44,22 @@ struct Result {
   double seconds = 0.0;
 };
 
-int ParseBetween(const std::string& text, int low, int high) {
-  const int value = ParseInt(text, kUsage);
-  if (value < low || value > high) Usage(kUsage);
-  return value;
-}
-
-// Four computer personalities; a human seat cannot play itself.
-PerTeam<int> ParsePlayers(const std::string& text) {
-  PerTeam<int> players{};
-  std::istringstream fields(text);
-  std::string field;
-  std::size_t count = 0;
-  while (std::getline(fields, field, ',')) {
-    if (count == players.size()) Usage(kUsage);
-    players[count++] = ParseBetween(field, kAggressive, kDefensive);
-  }
-  if (count != players.size() || text.back() == ',') Usage(kUsage);
-  return players;
-}
-
 Settings ParseSettings(const Args& args) {
   const Options options =
       ParseOptions(args, {"games", "seed", "type", "rule", "players", "max-rounds"}, {}, kUsage);
   if (!options.positional.empty()) Usage(kUsage);
   Settings settings;
-  if (options.Has("games")) settings.games = ParseBetween(options.Value("games"), 1, 1000000);
+  if (options.Has("games"))
+    settings.games = ParseBetween(options.Value("games"), 1, 1000000, kUsage);
   if (options.Has("seed")) settings.seed = ParseInt(options.Value("seed"), kUsage);
   if (options.Has("type"))
-    settings.gameType = ParseBetween(options.Value("type"), kAlliedNeighbors, kAnarchy);
+    settings.gameType = ParseBetween(options.Value("type"), kAlliedNeighbors, kAnarchy, kUsage);
   if (options.Has("rule"))
-    settings.rule = ParseBetween(options.Value("rule"), kKingdomGained, kKingdomFrozen);
-  if (options.Has("players")) settings.players = ParsePlayers(options.Value("players"));
+    settings.rule = ParseBetween(options.Value("rule"), kKingdomGained, kKingdomFrozen, kUsage);
+  if (options.Has("players"))
+    settings.players = ParsePlayers(options.Value("players"), kAggressive, kUsage);
   if (options.Has("max-rounds"))
-    settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000);
+    settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000, kUsage);
   return settings;
 }
 

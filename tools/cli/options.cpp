@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <sstream>
 
 #include "cli.h"
 
@@ -58,6 +59,25 @@ int ParseInt(const std::string& text, const std::string& usageLine) {
   auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || error != std::errc() || end != text.data() + text.size()) Usage(usageLine);
   return value;
+}
+
+int ParseBetween(const std::string& text, int low, int high, const std::string& usageLine) {
+  int value = ParseInt(text, usageLine);
+  if (value < low || value > high) Usage(usageLine);
+  return value;
+}
+
+PerTeam<int> ParsePlayers(const std::string& text, int lowestKind, const std::string& usageLine) {
+  PerTeam<int> players{};
+  std::istringstream fields(text);
+  std::string field;
+  std::size_t count = 0;
+  while (std::getline(fields, field, ',')) {
+    if (count == players.size()) Usage(usageLine);
+    players[count++] = ParseBetween(field, lowestKind, kDefensive, usageLine);
+  }
+  if (count != players.size() || text.back() == ',') Usage(usageLine);
+  return players;
 }
 
 }  // namespace varkesh::cli
