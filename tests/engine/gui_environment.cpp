@@ -6,22 +6,19 @@
 
 namespace {
 
-class GuiEnvironment : public ::testing::Environment {
- public:
+struct GuiEnvironment : ::testing::Environment {
   void SetUp() override {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    app_ = std::make_unique<QGuiApplication>(argc_, argv_);
+    app = std::make_unique<QGuiApplication>(argc, argv);
   }
-  void TearDown() override { app_.reset(); }
+  void TearDown() override { app.reset(); }
 
- private:
-  int argc_ = 1;
-  char name_[13] = "engine_tests";
-  char* argv_[2] = {name_, nullptr};
-  std::unique_ptr<QGuiApplication> app_;
+  int argc = 1;
+  char name[13] = "engine_tests";
+  char* argv[2] = {name, nullptr};
+  std::unique_ptr<QGuiApplication> app;
 };
 
-[[maybe_unused]] const ::testing::Environment* const kGui =
-    ::testing::AddGlobalTestEnvironment(new GuiEnvironment);
+[[maybe_unused]] const auto* const kGui = ::testing::AddGlobalTestEnvironment(new GuiEnvironment);
 
 }  // namespace

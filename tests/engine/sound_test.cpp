@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
-#include <string>
 
 namespace varkesh {
 namespace {
@@ -14,9 +13,8 @@ TEST(Sound, PlayingReturnsAtOnceAndMissingFilesAreIgnored) {
   QElapsedTimer timer;
   timer.start();
   player.PlaySoundFile("/no/such/folder/sfx_click.wav");
-  std::string pack = VARKESH_PACK_DIR;
-  player.PlaySoundFile(pack + "/sfx_captureking.wav");
-  player.PlaySoundFile(pack + "/sfx_click.wav");  // cuts the first one off
+  player.PlaySoundFile(VARKESH_PACK_DIR "/sfx_captureking.wav");
+  player.PlaySoundFile(VARKESH_PACK_DIR "/sfx_click.wav");  // cuts the first one off
   EXPECT_LT(timer.elapsed(), 500);
 }
 

@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <tuple>
+#include <vector>
+
+#include "persist/file_coder.h"
+#include "persist/game_text.h"
+#include "persist/sample_game.h"
+
+namespace varkesh {
+namespace {
+
+using testing::SampleGame;
+using Lines = std::vector<std::string>;
+
+Lines SplitLines(const std::string& text) {
+  Lines lines;
+  std::size_t start = 0;
+  for (std::size_t end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+    lines.push_back(text.substr(start, end - start));
+  EXPECT_EQ(start, text.size()) << "text after the last CR LF";
+  return lines;
+}
+
+TEST(GameText, WritesTheLayoutLineByLine) {
+  Game game = SampleGame();
+  game.gameName = "Say \"hi\",\r\nfriend\x01";
+  Lines lines = SplitLines(WriteGameText(game));
+
+  ASSERT_EQ(lines.size(), 306u);
+  EXPECT_EQ(Lines(lines.begin(), lines.begin() + 4),
+            (Lines{"\"Say hi,friend\"", "3,3", "7,3", "0,#FALSE#,#TRUE#"}));
+  EXPECT_EQ(lines[7], "3,8,3,8,5,#TRUE#");           // the team first, unlike the record
+  EXPECT_EQ(lines[10 + 14 * 17 + 8], "1,-6,0,3,0");  // White's frozen Queen on (8, 14)
+  EXPECT_EQ(Lines(lines.begin() + 299, lines.end()),
+            (Lines{"0", "0", "2", "1,7", "2,6", "1", "3,4"}));
+}
+
+TEST(GameText, RoundTripsInEveryAcceptedFormReplacingOnlyStoredFields) {
+  Game saved = SampleGame();
+  saved.gameName = "Moat, Keep & Co.";
+  saved.board.at(8, 5).mark = kMarkDestination;
+  const std::string text = WriteGameText(saved);
+  std::string lineFeedsOnly;
+  for (char c : text)
+    if (c != '\r') lineFeedsOnly += c;
+
+  for (const std::string& form : {text, lineFeedsOnly, text.substr(0, text.size() - 2)}) {
+    Game loaded;
+    loaded.dungeons[kWhite - 1].prisoners.Add({kRed, kPawn});
+    loaded.saveFilePath = "/games/old.vsh";
+    ASSERT_EQ(ReadGameText(form, loaded), std::nullopt);
+    EXPECT_TRUE(testing::SameStoredGame(saved, loaded));
+    EXPECT_EQ(loaded.saveFilePath, "/games/old.vsh");
+  }
+
+  Game quoted;  // an older writer let quotes into the name
+  ASSERT_EQ(ReadGameText("\"The \"big\" one\"" + text.substr(text.find('\r')), quoted),
+            std::nullopt);
+  EXPECT_EQ(quoted.gameName, "The \"big\" one");
+}
+
+TEST(GameText, RejectsEachFaultNamingTheLineAndLeavingTheTargetAlone) {
+  // The 1-based line is replaced by the text, or cut with all after it for nullptr.
+  const std::tuple<std::size_t, const char*, const char*> damages[] = {
+      {1, "Friday", "line 1: the game name must stand between double quotes"},
+      {1, "\"", "line 1: the game name must stand between double quotes"},
+      {2, "4,1", "line 2: game type 4 is out of range (1 to 3)"},
+      {5, "0,#TRUE#,True", "line 5: field 3 ('True') is not #TRUE# or #FALSE#"},
+      {11, "0,0,0,0,0,", "line 11: expected 5 fields, found 6"},
+      {12, "0, 0,0,0,0", "line 12: field 2 (' 0') is not a number"},
+      {12, "0,0x1,0,0,0", "line 12: field 2 ('0x1') is not a number"},
+      {257, "1,-8,0,3,0", "line 257: piece -8 is out of range (-7 to 7)"},
+      {300, "9", "line 300: prisoner count 9 exceeds the 6 lines that follow"},
+      {301, "1", "line 302: expected 2 fields, found 1"},
+      {307, "", "line 307: extra line after the last dungeon"},
+      {201, nullptr, "line 201: missing; the text ends after line 200"},
+      {1, nullptr, "line 1: missing; the text ends after line 0"}};
+  const Lines good = SplitLines(WriteGameText(SampleGame()));
+  Game target;
+  target.gameName = "Untouched";
+  const std::string before = WriteGameText(target);
+
+  for (const auto& [at, text, problem] : damages) {
+    Lines lines = good;
+    lines.resize(text ? std::max(lines.size(), at) : at - 1);
+    if (text) lines[at - 1] = text;
+    std::string damaged;
+    for (const std::string& line : lines) damaged += line + "\r\n";
+    EXPECT_EQ(ReadGameText(damaged, target), problem);
+  }
+  EXPECT_EQ(WriteGameText(target), before);
+}
+
+TEST(FileCoder, GivesBackWhatItWasGivenAndTellsForeignFilesFromDamagedGames) {
+  const std::string kForeign = "This file is not a Varkesh saved game";
+  const std::string kDamaged = "This saved game is damaged";
+  const std::string game = WriteGameText(SampleGame());
+  for (const std::string& plain : {game, std::string("\0\x01\xff\r\n\"x", 7), std::string()})
+    EXPECT_EQ(DecodeText(EncodeText(plain)), plain);
+  const std::string coded = EncodeText(game);
+  auto flipped = [&](std::size_t at, char bits) {
+    std::string copy = coded;
+    copy[at] ^= bits;
+    return copy;
+  };
+  const std::pair<std::string, std::string> cases[] = {
+      {"", kForeign},
+      {game, kForeign},
+      {coded.substr(0, 12), kForeign},  // shorter than the header
+      {flipped(4, 3), kForeign},        // another version
+      {coded.substr(0, coded.size() - 3), kDamaged},
+      {coded + "tail", kDamaged},
+      {flipped(5, 1), kDamaged},     // length
+      {flipped(8, 0x70), kDamaged},  // a length no game has
+      {flipped(9, 1), kDamaged},     // checksum
+      {flipped(coded.size() / 2, 0x40), kDamaged}};
+  for (std::size_t i = 0; i < std::size(cases); ++i) {
+    try {
+      DecodeText(cases[i].first);
+      ADD_FAILURE() << "case " << i << " decoded";
+    } catch (const std::runtime_error& error) {
+      EXPECT_EQ(error.what(), cases[i].second) << "case " << i;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace varkesh

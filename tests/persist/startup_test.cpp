@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <tuple>
+
+#include "persist/command_line.h"
+#include "persist/pack_reader.h"
+#include "persist/settings.h"
+#include "persist/temp_folder.h"
+
+namespace varkesh {
+namespace {
+
+TEST(CommandLine, TakesOutTheSwitchesAndLeavesTheGamePath) {
+  const std::tuple<const char*, int, bool, const char*> cases[] = {
+      {"", 0, false, ""},
+      {"/log2 /fps  /home/Ann/Games/Friday Night.vsh ", 2, true,
+       "/home/Ann/Games/Friday Night.vsh"},
+      {"/fps/log1game.vsh", 1, true, "game.vsh"},
+      {"\"/tmp/My Game.vsh\" /log1", 1, false, "/tmp/My Game.vsh"},
+      {"/log x", 0, false, "/log x"},
+      {"/log7", 7, false, "/log7"},  // only levels 0 to 5 are taken out
+      {"/log99999999999999999999", 2147483647, false, "/log99999999999999999999"}};
+  for (const auto& [text, logLevel, showFps, path] : cases) {
+    CommandLine line = ParseCommandLine(text);
+    EXPECT_EQ(std::tie(line.logLevel, line.showFps, line.savedGamePath),
+              std::make_tuple(logLevel, showFps, std::string(path)))
+        << text;
+  }
+  const char* argv[] = {"varkesh", "/log1", "/tmp/a game.vsh", "/fps"};
+  EXPECT_EQ(ParseCommandLine(4, argv).savedGamePath, "/tmp/a game.vsh");
+}
+
+TEST(CommandLine, OnlyAnExistingFileIsLoadedAtStart) {
+  testing::TempFolder folder;
+  testing::PutFile(folder.File("Friday.vsh"), "coded");
+  EXPECT_EQ(SavedGameToLoad(ParseCommandLine("/log1 " + folder.File("Friday.vsh"))),
+            folder.File("Friday.vsh"));
+  EXPECT_EQ(SavedGameToLoad(ParseCommandLine(folder.File("FRIDAY.VSH"))), std::nullopt);
+  EXPECT_EQ(SavedGameToLoad(ParseCommandLine(folder.Slashed())), std::nullopt);
+}
+
+TEST(PackReader, ExtractsOnlyWhatThePackHoldsIntoTheTemporaryFolderClearedAtStart) {
+  testing::TempFolder app;
+  const std::string temp = app.File("temp");
+  PrepareTempFolder(temp);
+  testing::PutFile(temp + "/gameboard.otm", "an earlier run's");
+  testing::PutFile(temp + "/notes.txt", "kept");
+  PrepareTempFolder(temp);
+  EXPECT_FALSE(std::filesystem::exists(temp + "/gameboard.otm"));
+  EXPECT_TRUE(std::filesystem::exists(temp + "/notes.txt"));
+
+  PackReader reader;
+  EXPECT_THROW(reader.OpenPack(app.File("r.opk"), temp), std::runtime_error);
+  reader.OpenPack(VARKESH_BIN_DIR "/r.opk", temp);
+  std::string path = reader.ExtractEntry("newgamedata");
+  EXPECT_EQ(path, temp + "/newgamedata.otm");
+  EXPECT_EQ(testing::FileText(path), testing::FileText(VARKESH_PACK_DIR "/newgamedata.txt"));
+  EXPECT_EQ(reader.ExtractEntry("newgamedata"), path);
+  EXPECT_THROW(reader.ExtractEntry("no such entry"), std::runtime_error);
+  EXPECT_THROW(reader.ExtractEntry("./newgamedata"), std::runtime_error);
+  reader.ClosePack();
+  EXPECT_THROW(reader.ExtractEntry("newgamedata"), std::runtime_error);
+}
+
+class SettingsTest : public ::testing::Test {
+ protected:
+  testing::TempFolder folder_;
+  const std::string path_ = folder_.File("settings.ini");
+  SettingsStore store_{path_};
+};
+
+TEST_F(SettingsTest, KeysMeetWhateverTheirCaseAndOutliveTheStore) {
+  EXPECT_EQ(store_.Read("MainLeft"), "");
+  store_.Write("MainLeft", "120");
+  EXPECT_EQ(store_.Read("MAINLEFT"), "120");
+  store_.Write("mainleft", "80");
+  EXPECT_EQ(SettingsStore(path_).Read("Mainleft"), "80");
+  QSettings file(QString::fromStdString(path_), QSettings::IniFormat);
+  EXPECT_EQ(file.allKeys(), QStringList{"Settings/mainleft"});
+}
+
+TEST_F(SettingsTest, MissingValuesKeepTheDefaultsAndOthersReadAsTheirLeadingNumber) {
+  WindowPlacement main = ReadWindowPlacement(store_, "Main");
+  EXPECT_FALSE(main.top || main.left || main.height || main.width || main.state);
+  OptionMarks marks = ReadOptionMarks(store_);
+  EXPECT_TRUE(marks.sfx && marks.indicator && marks.showComp && marks.hints);
+  EXPECT_EQ(marks.history, 0);
+
+  const std::pair<const char*, const char*> stored[] = {
+      {"MainTop", "left"}, {"MainWidth", " 640px"}, {"Sfx", "5"},    {"Indicator", "True"},
+      {"ShowComp", "0.0"}, {"Hints", " -1"},        {"History", "2"}};
+  for (const auto& [key, text] : stored) store_.Write(key, text);
+  main = ReadWindowPlacement(store_, "Main");
+  EXPECT_EQ(main.top, 0);
+  EXPECT_EQ(main.width, 640);
+  marks = ReadOptionMarks(store_);
+  EXPECT_TRUE(marks.sfx && marks.hints);
+  EXPECT_FALSE(marks.indicator || marks.showComp);
+  EXPECT_EQ(marks.history, 3);  // anything but 0 and 1 checks the third entry
+}
+
+}  // namespace
+}  // namespace varkesh
