@@ -43,12 +43,7 @@ class FieldReader {
         continue;
       }
       Field field{"", line_};
-      if (text_[pos_] == '"') {
-        field.text = ReadQuoted();
-      } else {
-        field.text = ReadBare();
-        if (field.text.empty() && !AtEnd() && IsLineEnd(text_[pos_])) continue;
-      }
+      field.text = text_[pos_] == '"' ? ReadQuoted() : ReadBare();
       SkipSeparator();
       return field;
     }

@@ -1,36 +1,59 @@
-#include <algorithm>
-
-#include "core/dungeon.h"
 #include "core/fate.h"
+#include "core/dungeon.h"
 #include "rules_fixture.h"
 
 namespace varkesh {
 namespace {
 
-using test::Destinations;
-using test::EmptyGame;
-using test::Put;
+using test::Position;
 
-int CountRealm(const Game& game, int team) {
-  return static_cast<int>(std::count_if(game.board.squares.begin(), game.board.squares.end(),
-                                        [team](const Square& s) { return s.realm == team; }));
+std::vector<DungeonPiece> Prisoners(const Game& game, int captor) {
+  const Dungeon& dungeon = game.dungeons[static_cast<std::size_t>(captor - 1)];
+  return {dungeon.prisoners.begin(), dungeon.prisoners.end()};
 }
 
-TEST(SwapTeams, GainerTakesPiecesAndRealm) {
-  Game game = EmptyGame(kAnarchy);
-  Put(game, 13, 8, kRed, kPawn);
-  Put(game, 8, 8, kRed, -kQueen);  // changes colour but stays frozen
-  Put(game, 9, 9, kBlack, kRook);
-  SwapTeams(game, kRed, kWhite);
-  EXPECT_EQ(game.board.at(13, 8), (Square{kWhite, kPawn, 0, kMoat, kWhite}));
-  EXPECT_EQ(game.board.at(8, 8).team, kWhite);
-  EXPECT_EQ(game.board.at(8, 8).piece, -kQueen);
-  EXPECT_EQ(game.board.at(9, 9).team, kBlack);
-  EXPECT_EQ(CountRealm(game, kRed), 0);
-  EXPECT_EQ(CountRealm(game, kWhite), 32);
-  // The gained moat is the pawn's own now: it has its double step.
-  EXPECT_EQ(Destinations(game, 13, 8).size(), 2u);
+TEST(Dungeon, PrisonersLieWithTheCaptorAndTheEarliestEqualOneLeavesFirst) {
+  Game game;
+  AddPieceToDungeon(game, kRed, kBlack, kRook);
+  AddPieceToDungeon(game, kRed, kBlack, kKnight);
+  AddPieceToDungeon(game, kRed, kBlack, kRook);
+  AddPieceToDungeon(game, kNoTeam, kBlack, kQueen);  // no team, no dungeon
+  RemovePieceFromDungeon(game, kRed, kBlack, kRook);
+  RemovePieceFromDungeon(game, kRed, kWhite, kRook);     // not held
+  RemovePieceFromDungeon(game, kBlue, kBlack, kKnight);  // another dungeon
+  EXPECT_EQ(Prisoners(game, kRed), (std::vector<DungeonPiece>{{kBlack, kKnight}, {kBlack, kRook}}));
+  for (int captor : {kWhite, kBlue, kBlack}) EXPECT_TRUE(Prisoners(game, captor).empty());
+}
 
+// White falls to Black with a frozen Queen on the battlefield, Blue pawns and
+// a Rook on its moat and a Red Pawn in its keep.
+TEST(ApplyFate, GainedSwapsLostAndFrozenSweepOnlyOtherTeamsPawnsFromTheMoat) {
+  const std::string before = "WP 8,13 WC 8,16 -WQ 8,8 KR 9,9 BP 9,13 BC 10,13 BR 7,13 RP 8,15";
+  struct Case {
+    int rule;
+    std::string after;
+    int realmAfter;
+  };
+  const Case cases[] = {
+      {kKingdomGained, "KP 8,13 KC 8,16 -KQ 8,8 KR 9,9 BP 9,13 BC 10,13 BR 7,13 RP 8,15", kBlack},
+      {kKingdomLost, "KR 9,9 BR 7,13 RP 8,15", kNoTeam},
+      {kKingdomFrozen, "-WP 8,13 -WC 8,16 -WQ 8,8 KR 9,9 BR 7,13 RP 8,15", kNoTeam},
+      {0, before, kWhite},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.rule);
+    Game game = Position(kAnarchy, before);
+    game.kingCaptureRule = c.rule;
+    ApplyFate(game, kWhite, kBlack);
+    Game expected = Position(kAnarchy, c.after);
+    for (Square& square : expected.board.squares)
+      if (square.realm == kWhite) square.realm = c.realmAfter;
+    test::ExpectSameBoard(game.board, expected.board);
+  }
+  // A gained moat is the pawn's own: it keeps its double step.
+  Game game = Position(kAnarchy, before);
+  SwapTeams(game, kWhite, kBlack);
+  EXPECT_EQ(test::Destinations(game, 8, 13), test::At("8,12 8,11"));
   SwapTeams(game, kNoTeam, kBlue);  // would fill every empty square
   EXPECT_EQ(game.board.at(0, 0).team, kNoTeam);
 }
@@ -38,7 +61,7 @@ TEST(SwapTeams, GainerTakesPiecesAndRealm) {
 TEST(SwapTeams, PrisonersChangeColourOnlyInAnEnemyOfTheGainersDungeon) {
   struct Case {
     int gameType, fallen, gainer;
-    PerTeam<int> teamAfter;  // of the fallen team's Rook in each dungeon
+    PerTeam<int> rookAfter;  // the fallen team's Rook in each dungeon
   };
   const Case cases[] = {
       {kAnarchy, kRed, kWhite, {kRed, kWhite, kWhite, kWhite}},
@@ -46,76 +69,50 @@ TEST(SwapTeams, PrisonersChangeColourOnlyInAnEnemyOfTheGainersDungeon) {
       {kCrossroadAllies, kBlue, kWhite, {kBlue, kWhite, kBlue, kWhite}},
   };
   for (const Case& c : cases) {
-    Game game = EmptyGame(c.gameType);
+    Game game = Position(c.gameType, "");
     for (int holder = kWhite; holder <= kRed; ++holder) {
       AddPieceToDungeon(game, holder, c.fallen, kRook);
       AddPieceToDungeon(game, holder, c.fallen, kKing);  // a King never changes
-      AddPieceToDungeon(game, holder, kNoTeam, kRook);
     }
     SwapTeams(game, c.fallen, c.gainer);
     for (int holder = kWhite; holder <= kRed; ++holder) {
-      const auto& prisoners = game.dungeons[static_cast<std::size_t>(holder - 1)].prisoners;
-      EXPECT_EQ(prisoners[1].team, c.teamAfter[static_cast<std::size_t>(holder - 1)])
+      int rook = c.rookAfter[static_cast<std::size_t>(holder - 1)];
+      EXPECT_EQ(Prisoners(game, holder),
+                (std::vector<DungeonPiece>{{rook, kRook}, {c.fallen, kKing}}))
           << "type " << c.gameType << " holder " << holder;
-      EXPECT_EQ(prisoners[2].team, c.fallen);
-      EXPECT_EQ(prisoners[3].team, kNoTeam);
     }
   }
 }
 
-// White's moat with a Blue Pawn, a Blue Castle Pawn and a Blue Rook on it,
-// White's own Pawn and Castle Pawn, and a Red Pawn inside White's keep.
-Game WhiteMoatCrowded(int rule) {
-  Game game = EmptyGame(kAnarchy);
-  game.kingCaptureRule = rule;
-  Put(game, 8, 13, kWhite, kPawn);
-  Put(game, 9, 13, kBlue, kPawn);
-  Put(game, 10, 13, kBlue, kCastlePawn);
-  Put(game, 7, 13, kBlue, kRook);
-  Put(game, 8, 15, kRed, kPawn);
-  Put(game, 8, 16, kWhite, kCastlePawn);
-  return game;
-}
-
-TEST(ApplyFate, LostAndFrozenSweepOtherPawnsFromTheMoat) {
-  for (int rule : {kKingdomLost, kKingdomFrozen}) {
-    Game game = WhiteMoatCrowded(rule);
-    ApplyFate(game, kWhite, kBlack);
-    int own = rule == kKingdomLost ? kNoPiece : -1;  // the team's own pieces
-    EXPECT_EQ(game.board.at(8, 13).piece, own * kPawn) << "rule " << rule;
-    EXPECT_EQ(game.board.at(8, 16).piece, own * kCastlePawn);
-    EXPECT_EQ(game.board.at(8, 16).team, rule == kKingdomLost ? kNoTeam : kWhite);
-    EXPECT_EQ(game.board.at(9, 13), (Square{kNoTeam, kNoPiece, 0, kMoat, kNoTeam}));
-    EXPECT_EQ(game.board.at(10, 13).piece, kNoPiece);
-    EXPECT_EQ(game.board.at(7, 13), (Square{kBlue, kRook, 0, kMoat, kNoTeam}));
-    EXPECT_EQ(game.board.at(8, 15), (Square{kRed, kPawn, 0, kKeep, kNoTeam}));
-    EXPECT_EQ(CountRealm(game, kWhite), 0);
-  }
-}
-
-TEST(ApplyFate, GainedSwapsAndAnUnknownRuleDoesNothing) {
-  Game gained = WhiteMoatCrowded(kKingdomGained);
-  ApplyFate(gained, kWhite, kBlack);
-  EXPECT_EQ(gained.board.at(8, 13), (Square{kBlack, kPawn, 0, kMoat, kBlack}));
-  EXPECT_EQ(gained.board.at(9, 13).team, kBlue);
-
-  Game unknown = WhiteMoatCrowded(0);
-  ApplyFate(unknown, kWhite, kBlack);
-  EXPECT_EQ(unknown.board, WhiteMoatCrowded(0).board);
-}
-
-TEST(ApplyFate, AFallenRealmStopsSlidersButNotKnights) {
-  for (int rule : {kKingdomLost, kKingdomFrozen}) {
-    Game game = EmptyGame(kAnarchy);
-    game.kingCaptureRule = rule;
-    Put(game, 8, 8, kRed, kRook);
-    Put(game, 7, 12, kRed, kKnight);
-    ApplyFate(game, kWhite, kRed);
-    test::Squares rook = Destinations(game, 8, 8);
-    EXPECT_EQ(rook.at(9), (BoardSquare{8, 13})) << "rule " << rule;
-    EXPECT_EQ(rook.at(10), (BoardSquare{7, 8}));
-    test::Squares knight = Destinations(game, 7, 12);
-    EXPECT_NE(std::find(knight.begin(), knight.end(), BoardSquare{8, 14}), knight.end());
+TEST(VictoryTest, EndsWhenASideHasFallenTheFirstPairTestedFirst) {
+  struct Case {
+    int gameType;
+    PerTeam<bool> fallen;
+    int winner, coWinner;  // kNoTeam: the game goes on
+  };
+  const Case cases[] = {
+      {kAlliedNeighbors, {true, true, false, false}, kBlack, kRed},
+      {kAlliedNeighbors, {false, false, true, true}, kWhite, kBlue},
+      {kAlliedNeighbors, {true, true, true, true}, kBlack, kRed},
+      {kCrossroadAllies, {true, true, false, false}, kNoTeam, kNoTeam},
+      {kCrossroadAllies, {true, false, true, false}, kBlue, kRed},
+      {kCrossroadAllies, {false, true, false, true}, kWhite, kBlack},
+      {kCrossroadAllies, {true, true, true, true}, kBlue, kRed},
+      {kAnarchy, {true, false, true, false}, kNoTeam, kNoTeam},
+      {kAnarchy, {false, true, true, true}, kWhite, kNoTeam},
+      {kAnarchy, {true, true, true, false}, kRed, kNoTeam},
+      {0, {true, true, true, false}, kNoTeam, kNoTeam},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    Game game;
+    game.gameType = c.gameType;
+    game.gameMode = ModeChoosePiece;
+    game.kingdomFallen = c.fallen;
+    bool ended = c.winner != kNoTeam;
+    EXPECT_EQ(VictoryTest(game), ended);
+    EXPECT_EQ(game.gameMode, ended ? ModeVictorySetUp : ModeChoosePiece);
+    EXPECT_EQ((std::pair{game.winner, game.coWinner}), (std::pair{c.winner, c.coWinner}));
   }
 }
 

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "core/game.h"
@@ -17,51 +19,66 @@ inline void PrintTo(const BoardSquare& square, std::ostream* out) {
   *out << "(" << square.x << ", " << square.y << ")";
 }
 
+inline void PrintTo(const Square& s, std::ostream* out) {
+  *out << "{team " << s.team << ", piece " << s.piece << ", mark " << s.mark << ", terrain "
+       << s.terrain << ", realm " << s.realm << "}";
+}
+
 namespace test {
 
-// No castle rights, so that a King lists only its steps unless a test grants one.
-inline Game EmptyGame(int gameType = kAnarchy) {
+using Squares = std::vector<BoardSquare>;
+
+// Pieces written "WP 8,13 -KQ 8,4": team letter W, B, K (Black) or R and kind
+// letter P, C, B, R, N, Q or K as in the new game data, any other letter 0,
+// '-' before a frozen piece. No castle rights, so that a King lists only its
+// steps unless a test grants one.
+inline Game Position(int gameType, const std::string& pieces) {
   Game game;
   game.gameType = gameType;
   game.castleRight = {false, false, false, false};
   LayOutTerrain(game.board);
+  std::istringstream in(pieces);
+  std::string code;
+  int x = 0, y = 0;
+  char comma = 0;
+  while (in >> code >> x >> comma >> y) {
+    bool frozen = code[0] == '-';
+    int piece = static_cast<int>(std::string("PCBRNQK").find(code[frozen + 1])) + 1;
+    game.board.at(x, y).team = static_cast<int>(std::string("WBKR").find(code[frozen])) + 1;
+    game.board.at(x, y).piece = frozen ? -piece : piece;
+  }
   return game;
 }
 
-inline void Put(Game& game, int x, int y, int team, int piece) {
-  game.board.at(x, y).team = team;
-  game.board.at(x, y).piece = piece;
-}
-
-// The kingdom's moat and keep turn neutral, as after its fall.
-inline void FellRealm(Game& game, int team) {
-  for (Square& square : game.board.squares)
-    if (square.realm == team) square.realm = kNoTeam;
+// Squares written "8,12 8,11", a straight run of them "8,7..8,3".
+inline Squares At(const std::string& text) {
+  Squares result;
+  std::istringstream in(text);
+  int x = 0, y = 0, toX = 0, toY = 0;
+  char comma = 0;
+  while (in >> x >> comma >> y) {
+    toX = x, toY = y;
+    if (in.peek() == '.' && in.ignore(2)) in >> toX >> comma >> toY;
+    int dx = (toX > x) - (toX < x), dy = (toY > y) - (toY < y);
+    for (result.push_back({x, y}); x != toX || y != toY;) result.push_back({x += dx, y += dy});
+  }
+  return result;
 }
 
 // The destinations of the piece on (x, y), in the order FindMoves gives them.
-inline std::vector<BoardSquare> Destinations(Game& game, int x, int y) {
+inline Squares Destinations(Game& game, int x, int y) {
   game.moveList.Clear();
   int count = FindMoves(game, x, y, false, true);
-  std::vector<BoardSquare> result;
+  Squares result;
   for (const MoveRec& move : game.moveList) result.push_back({move.toX, move.toY});
   EXPECT_EQ(count, static_cast<int>(result.size()));
   return result;
 }
 
-using Squares = std::vector<BoardSquare>;
-
-// The squares from (x, y) onward along (dx, dy), count of them.
-inline Squares Ray(int x, int y, int dx, int dy, int count) {
-  Squares result;
-  for (int n = 0; n < count; ++n) result.push_back({x + n * dx, y + n * dy});
-  return result;
-}
-
-inline Squares Join(std::initializer_list<Squares> parts) {
-  Squares result;
-  for (const Squares& part : parts) result.insert(result.end(), part.begin(), part.end());
-  return result;
+inline void ExpectSameBoard(const Board& actual, const Board& expected) {
+  for (int y = 0; y < kBoardSide; ++y)
+    for (int x = 0; x < kBoardSide; ++x)
+      EXPECT_EQ(actual.at(x, y), expected.at(x, y)) << "square " << x << "," << y;
 }
 
 }  // namespace test

@@ -1,0 +1,153 @@
+// The frame of FindMoves, and each piece's destinations in order.
+#include <cstdio>
+#include <cstring>
+
+#include "rules_fixture.h"
+
+namespace varkesh {
+namespace {
+
+// White's Castle Pawn is boxed in by its King, the Pawn in its own keep
+// cannot move, the Rook is frozen.
+Game SmallPosition() {
+  Game game = test::Position(kAlliedNeighbors,
+                             "WN 11,5 WQ 8,8 WP 5,8 WK 8,15 WC 8,16 -WR 6,14 WP 7,15 KP 8,3");
+  game.castleRight[0] = true;
+  return game;
+}
+
+TEST(FindMovesFrame, TheOutputFormsCountAlikeAndOnlyAddToTheLists) {
+  Game game = SmallPosition();
+  const Board before = game.board;
+  EXPECT_EQ(FindMoves(game, 9, 9, true, true), 0);   // empty
+  EXPECT_EQ(FindMoves(game, 6, 14, true, true), 0);  // frozen
+  int plain = FindMoves(game, 8, 8, false, false);
+  EXPECT_GT(plain, 0);
+  test::ExpectSameBoard(game.board, before);
+  EXPECT_EQ(game.moveablePieces.Count() + game.moveList.Count(), 0);
+
+  EXPECT_EQ(FindMoves(game, 8, 8, true, false), plain);
+  EXPECT_EQ(game.moveList.Count(), 0);
+  const test::Squares marked(game.moveablePieces.begin(), game.moveablePieces.end());
+  for (const BoardSquare& square : marked)
+    EXPECT_EQ(game.board.at(square.x, square.y).mark, kMarkDestination);
+  EXPECT_EQ(test::Destinations(game, 8, 8), marked);  // the list alone: the same squares
+  for (const MoveRec& move : game.moveList)
+    EXPECT_EQ((BoardSquare{move.fromX, move.fromY}), (BoardSquare{8, 8}));
+
+  EXPECT_EQ(FindMoves(game, 8, 8, true, true), plain);  // nothing de-duplicates
+  EXPECT_EQ(game.moveList.Count(), 2 * plain);
+  EXPECT_EQ(game.moveablePieces.Count(), 2 * plain);
+}
+
+TEST(FindMoveablePieces, MarksAndListsThePiecesThatCanMoveInScanOrder) {
+  Game game = SmallPosition();
+  const test::Squares expected = test::At("11,5 5,8 8,8 8,15");
+  EXPECT_EQ(FindMoveablePieces(game, kWhite, false, true), 4);
+  EXPECT_EQ(game.moveablePieces.Count(), 0);
+  EXPECT_EQ(test::Squares(game.computerPieces.begin(), game.computerPieces.end()), expected);
+  EXPECT_EQ(FindMoveablePieces(game, kWhite, true, false), 4);
+  EXPECT_EQ(test::Squares(game.moveablePieces.begin(), game.moveablePieces.end()), expected);
+  EXPECT_EQ(game.computerPieces.Count(), 4);
+  Game marked = SmallPosition();
+  for (const BoardSquare& square : expected)
+    marked.board.at(square.x, square.y).mark = kMarkMoveable;
+  test::ExpectSameBoard(game.board, marked.board);
+}
+
+// The first piece named moves.
+struct MoveCase {
+  const char* name;
+  int gameType;
+  const char* pieces;
+  const char* expected;
+  const char* fallenRealms = "";  // team letters
+  int castling = kNoTeam;         // the one team with its castle right
+};
+
+void Check(const std::vector<MoveCase>& cases) {
+  for (const MoveCase& c : cases) {
+    Game game = test::Position(c.gameType, c.pieces);
+    if (c.castling != kNoTeam) game.castleRight[static_cast<std::size_t>(c.castling - 1)] = true;
+    for (Square& square : game.board.squares) {
+      if (square.realm != kNoTeam && std::strchr(c.fallenRealms, "WBKR"[square.realm - 1]))
+        square.realm = kNoTeam;
+    }
+    int x = 0, y = 0;
+    std::sscanf(c.pieces, "%*s %d,%d", &x, &y);
+    EXPECT_EQ(test::Destinations(game, x, y), test::At(c.expected)) << c.name;
+  }
+}
+
+TEST(PieceRules, Pawn) {
+  Check({
+      {"own moat: single and double step", kAnarchy, "WP 8,13", "8,12 8,11"},
+      {"any team's own moat", kAnarchy, "RP 13,8", "12,8 11,8"},
+      {"takes first, the double step never", kAnarchy, "WP 8,13 RB 7,12 WB 9,12 KR 8,11",
+       "7,12 8,12"},
+      {"own moat: not along it, not back into the keep", kAnarchy, "WP 8,13 WN 8,12", ""},
+      {"battlefield into a hostile moat", kAlliedNeighbors, "WP 8,4", "8,3 7,4 9,4 8,5"},
+      {"never into an ally's moat", kCrossroadAllies, "WP 8,4", "7,4 9,4 8,5"},
+      {"never onto a fallen moat", kAnarchy, "WP 8,4 KR 7,3", "7,4 9,4 8,5", "K"},
+      {"takes on a hostile moat, never an ally's piece", kAlliedNeighbors, "WP 8,4 KR 7,3 BR 9,3",
+       "7,3 8,3 7,4 9,4 8,5"},
+      {"hostile pieces in an ally's moat are safe", kAlliedNeighbors, "WP 4,8 KR 3,7 RR 3,9",
+       "4,7 5,8 4,9"},
+      {"foreign moat: only into the keep", kAnarchy, "WP 8,3 KQ 7,2 WR 9,2", "7,2 8,2"},
+      {"fallen keep is closed", kAnarchy, "WP 8,3", "", "K"},
+      {"in a keep, for good", kAnarchy, "WP 8,2 KR 7,1", ""},
+  });
+}
+
+TEST(PieceRules, CastlePawn) {
+  Check({
+      {"from its corner", kAnarchy, "WC 8,16", "8,15"},
+      {"steps orthogonally, takes diagonally", kAnarchy, "WC 8,15 KR 7,14 WR 9,14",
+       "7,14 8,14 7,15 9,15 8,16"},
+      {"goes on inside an enemy keep", kAnarchy, "WC 8,1", "8,0 7,1 9,1 8,2"},
+      {"never onto its own fallen realm", kAnarchy, "WC 8,16", "", "W"},
+      {"nor onto a fallen moat to take", kAnarchy, "RC 8,4 WQ 7,3", "7,4 9,4 8,5", "K"},
+  });
+}
+
+TEST(PieceRules, KnightAndKing) {
+  Check({
+      {"Knight lands on any ground", kAnarchy, "WN 6,4", "7,2 8,3 4,5 8,5 5,6 7,6", "K"},
+      {"Knight jumps and takes only hostile pieces", kAlliedNeighbors,
+       "WN 8,8 KP 7,6 WP 6,7 -RR 10,7 BP 10,9 WQ 9,7", "7,6 9,6 6,9 7,10 9,10"},
+      {"King: frozen, own and hostile neighbours; another team's right is no corner", kAnarchy,
+       "WK 8,8 -BB 8,7 KQ 9,9 WR 7,9", "7,7 9,7 7,8 9,8 8,9 9,9", "", kBlue},
+      {"King: the castle move onto its Castle Pawn comes last", kAnarchy, "WK 8,15 WC 8,16",
+       "7,14 8,14 9,14 7,15 9,15 8,16", "", kWhite},
+      {"an empty corner beside the King stands twice", kAnarchy, "RK 15,8",
+       "14,7 15,7 14,8 16,8 14,9 15,9 16,8", "", kRed},
+  });
+}
+
+TEST(PieceRules, Sliders) {
+  Check({
+      {"stops on a hostile moat, passes its own, takes in a keep", kAnarchy, "WR 8,8 BQ 8,15",
+       "8,7..8,3 8,9..8,15 7,8..3,8 9,8..13,8"},
+      {"passes an ally's moat", kAlliedNeighbors, "WR 8,8",
+       "8,7..8,3 8,9..8,16 7,8..0,8 9,8..13,8"},
+      {"frozen wall, ally stops, hostile taken", kAlliedNeighbors,
+       "WR 8,8 -RQ 8,4 BP 8,11 KP 5,8 WP 11,8", "8,7..8,5 8,9..8,10 7,8..5,8 9,8..10,8"},
+      {"leaves a foreign realm across its moat in one move", kAnarchy, "KR 8,15",
+       "8,14..8,0 8,16 7,15 9,15"},
+      {"runs along the moat line it stands on", kAnarchy, "WR 8,3",
+       "8,2..8,0 8,4..8,16 7,3..5,3 9,3..11,3"},
+      {"and along a fallen one", kAnarchy, "BR 7,13", "7,12..7,3 7,14..7,15 6,13..5,13 8,13..11,13",
+       "W"},
+      {"from the battlefield a fallen moat ends the ray", kAnarchy, "RR 8,8",
+       "8,7..8,3 8,9..8,13 7,8..3,8 9,8..16,8", "W"},
+      {"Bishop from a keep crosses that realm's moat", kAnarchy, "KB 7,15",
+       "6,14..3,11 8,14..13,9 8,16"},
+      {"Bishop from one fallen moat stops on another", kAnarchy, "BB 7,13",
+       "6,12..1,7 8,12..13,7 8,14..9,15 6,14", "WR"},
+      {"a Queen there slides on", kAnarchy, "BQ 7,13",
+       "7,12..7,3 7,14..7,15 6,13..5,13 8,13..11,13 6,12..1,7 8,12..14,6 8,14..9,15 6,14", "WR"},
+  });
+}
+
+}  // namespace
+}  // namespace varkesh
