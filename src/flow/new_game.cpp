@@ -40,7 +40,7 @@ bool AllHuman(const Game& game) {
   return true;
 }
 
-void StartGame(Game& game, Outside& outside, const NewGameChoice& choice) {
+void StartGame(Game& game, Outside& outside, const NewGameChoice& choice, const Board& start) {
   game.saveFilePath.clear();
   game.gameSaved = true;
   outside.SetMenuEnabled(Menu::Resign, true);
@@ -53,7 +53,7 @@ void StartGame(Game& game, Outside& outside, const NewGameChoice& choice) {
   ResetTeams(game, choice.players);
   UpdateCurrentPlayer(game, outside);
 
-  LoadNewGameDataFile(game, outside.ExtractEntry("newgamedata"));
+  game.board = start;
   ClearMarks(game);
   ClearMoveablePieces(game);
   StartTurn(game, outside);
@@ -79,7 +79,10 @@ void NewGameCommand(Game& game, Outside& outside) {
     if (!game.gameSaved && !outside.AskYesNo(kUnsavedTitle, kUnsavedText)) return;
     NewGameChoice choice = outside.RunNewGameDialog(game.playerKinds, RandomGameName(game.random));
     if (!choice.accepted) return;
-    StartGame(game, outside, choice);
+    // Laid out aside first, so that a broken pack leaves the old game whole.
+    Game laidOut;
+    LoadNewGameDataFile(laidOut, outside.ExtractEntry("newgamedata"));
+    StartGame(game, outside, choice, laidOut.board);
     TellClients(game, outside);
   });
 }

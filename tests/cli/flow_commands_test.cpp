@@ -1,13 +1,17 @@
-// varkesh-cli new, apply and resign: a game started, a human move played and
-// a resignation made through the same code as the window's.
+// varkesh-cli new, apply, resign, decode and encode, run as a player runs
+// them: what each prints, and its exit code.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 #include "core/dungeon.h"
 #include "core/new_game_data.h"
+#include "persist/file_coder.h"
 #include "persist/game_text.h"
+#include "persist/sample_game.h"
 #include "persist/temp_folder.h"
 
 namespace varkesh {
@@ -16,160 +20,144 @@ namespace {
 using testing::FileText;
 using testing::PutFile;
 
-class FlowCommandsTest : public ::testing::Test {
+constexpr const char* kNewUsage =
+    "usage: varkesh-cli new [--type T] [--rule R] [--players a,b,c,d] [--name NAME]\n";
+constexpr const char* kApplyUsage = "usage: varkesh-cli apply FILE FX FY TX TY [--option K]\n";
+constexpr const char* kResignUsage = "usage: varkesh-cli resign FILE [--to TEAM] [--no]\n";
+
+class CliCommandsTest : public ::testing::Test {
  protected:
   struct Run {
     int code = -1;
-    std::string out;
-    std::string err;
+    std::string out, err;
   };
 
+  // Runs in the test's folder, so that files are named as a player names them.
   Run Cli(const std::string& arguments) const {
-    std::string command = std::string("'") + VARKESH_CLI + "' " + arguments + " >'" +
-                          folder_.File("out.txt") + "' 2>'" + folder_.File("err.txt") + "'";
+    std::string command = "cd '" + folder_.Slashed() + "' && '" + VARKESH_CLI + "' " + arguments +
+                          " >out.txt 2>err.txt";
     int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(folder_.File("out.txt")),
-            FileText(folder_.File("err.txt"))};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(Path("out.txt")),
+            FileText(Path("err.txt"))};
   }
+  std::string Path(const std::string& name) const { return folder_.File(name); }
 
-  // Runs the command and reads the game that it prints.
   Game Played(const std::string& arguments) const {
     Run run = Cli(arguments);
     EXPECT_EQ(run.code, 0) << arguments << ": " << run.err;
     Game game;
-    auto problem = ReadGameText(run.out, game);
-    EXPECT_FALSE(problem.has_value()) << *problem;
+    EXPECT_EQ(ReadGameText(run.out, game), std::nullopt) << arguments;
     return game;
   }
-
-  // The quoted path of a file holding the text.
-  std::string Saved(const std::string& text) {
-    std::string path = folder_.File("game" + std::to_string(++files_) + ".txt");
-    PutFile(path, text);
-    return "'" + path + "'";
-  }
-  std::string NewGame(const std::string& arguments) {
-    Run run = Cli("new " + arguments);
-    EXPECT_EQ(run.code, 0) << run.err;
-    return Saved(run.out);
-  }
-
-  void ExpectFailure(int code, const std::string& arguments, const std::string& words) const {
+  void Keep(const std::string& name, const std::string& arguments) const {
     Run run = Cli(arguments);
-    EXPECT_EQ(run.code, code) << arguments;
-    EXPECT_NE(run.err.find(words), std::string::npos) << arguments << ": " << run.err;
-    EXPECT_TRUE(run.out.empty());
+    ASSERT_EQ(run.code, 0) << run.err;
+    PutFile(Path(name), run.out);
   }
 
   testing::TempFolder folder_;
-  int files_ = 0;
 };
 
 int Pieces(const Game& game, int team) {
-  int count = 0;
-  for (const Square& square : game.board.squares) count += square.team == team;
-  return count;
+  return static_cast<int>(std::count_if(game.board.squares.begin(), game.board.squares.end(),
+                                        [&](const Square& square) { return square.team == team; }));
 }
 
-TEST_F(FlowCommandsTest, NewStartsTheChosenGame) {
+TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHoldsTheSeat) {
   Game game = Played("new");
   EXPECT_EQ(game.gameName, "Varkesh Game");
   EXPECT_EQ(game.gameType, kAlliedNeighbors);
   EXPECT_EQ(game.kingCaptureRule, kKingdomGained);
-  EXPECT_EQ(game.playerKinds, (PerTeam<int>{}));
   for (int team = kWhite; team <= kRed; ++team) EXPECT_EQ(Pieces(game, team), 16);
-  EXPECT_EQ(game.board.at(8, 13).mark, kMarkMoveable) << "White's turn has begun";
-
-  game = Played("new --type 3 --rule 2 --players 0,1,2,3 --name '  Duel  '");
+  game = Played("new --type 3 --rule 2 --players 1,0,2,3 --name '  Duel  '");
   EXPECT_EQ(game.gameName, "Duel");
   EXPECT_EQ(game.gameType, kAnarchy);
   EXPECT_EQ(game.kingCaptureRule, kKingdomLost);
-  EXPECT_EQ(game.playerKinds, (PerTeam<int>{0, 1, 2, 3}));
+  EXPECT_EQ(game.playerKinds, (PerTeam<int>{1, 0, 2, 3}));
 
-  for (const char* wrong :
-       {"--type 4", "--rule 0", "--players 0,1,2", "--players 0,1,2,3,0", "--players 0,1,2,",
-        "--players 0,4,0,0", "--name '   '", "--colour 2", "extra", "--type"})
-    ExpectFailure(2, std::string("new ") + wrong, "usage: varkesh-cli new");
-}
-
-TEST_F(FlowCommandsTest, ApplyPlaysAHumanMoveWhoeverHoldsTheSeat) {
-  std::string file = NewGame("--players 1,0,0,0");
-  Game game = Played("apply " + file + " 8 13 8 11");
+  PutFile(Path("duel.txt"), WriteGameText(game));
+  game = Played("apply duel.txt 8 13 8 11");
   EXPECT_EQ(game.board.at(8, 11).piece, kPawn);
-  EXPECT_EQ(game.board.at(8, 13).piece, kNoPiece);
   EXPECT_EQ(game.history[0], (HistoryMove{8, 13, 8, 11, kWhite, false}));
   EXPECT_EQ(game.currentTeam, kBlue);
 }
 
-TEST_F(FlowCommandsTest, ApplyRefusesMovesThatAreNotOnOffer) {
-  std::string file = NewGame("");
-  ExpectFailure(1, "apply " + file + " 8 8 8 7", "(8, 8) holds no piece of White that can move");
-  ExpectFailure(1, "apply " + file + " 3 8 4 8", "(3, 8) holds no piece of White");
-  ExpectFailure(1, "apply " + file + " 8 13 8 10", "cannot move to (8, 10)");
-  ExpectFailure(1, "apply " + file + " 8 13 30 -4", "cannot move to (30, -4)");
-  ExpectFailure(1, "apply '" + folder_.File("missing.txt") + "' 8 13 8 11", "missing.txt");
-  for (const char* wrong : {" 8 13 8", " 8 x 8 11", " 8 13 8 11 --option -1", " 8 13 8 11 --no"})
-    ExpectFailure(2, "apply " + file + wrong, "usage: varkesh-cli apply");
-}
-
-TEST_F(FlowCommandsTest, ApplyPicksThePawnsOption) {
+TEST_F(CliCommandsTest, ApplyPicksThePawnsOption) {
   // A White Pawn about to enter Black's keep, where a Black Rook stands and
-  // Black holds a White Knight.
+  // Black holds a White Knight: the options are the Rook and the Knight.
   Game raid;
   LayOutTerrain(raid.board);
   raid.gameType = kAnarchy;
-  for (auto [x, y, team, piece] : {std::array{8, 15, kWhite, kKing},
-                                   {8, 14, kWhite, kQueen},
-                                   {6, 14, kWhite, kRook},
-                                   {9, 3, kWhite, kPawn},
-                                   {7, 1, kBlack, kRook},
-                                   {8, 0, kBlack, kKing}}) {
+  for (auto [x, y, team, piece] : {std::array{9, 3, kWhite, kPawn}, {7, 1, kBlack, kRook}}) {
     raid.board.at(x, y).team = team;
     raid.board.at(x, y).piece = piece;
   }
   AddPieceToDungeon(raid, kBlack, kWhite, kKnight);
-  std::string file = Saved(WriteGameText(raid));
-
-  Game game = Played("apply " + file + " 9 3 9 2 --option 1");
-  EXPECT_EQ(game.board.at(9, 2).piece, kKnight);
-  EXPECT_EQ(game.dungeons[kBlack - 1].PrisonerCount(), 0);
-  game = Played("apply " + file + " 9 3 9 2 --option 0");
-  EXPECT_EQ(game.board.at(7, 1).piece, kNoPiece);
-  EXPECT_EQ(game.board.at(9, 2).piece, kNoPiece);
-  game = Played("apply " + file + " 9 3 9 2");
-  EXPECT_EQ(game.board.at(9, 2).piece, kPawn) << "without --option the dialog is closed";
-  ExpectFailure(1, "apply " + file + " 9 3 9 2 --option 2", "no option 2");
+  PutFile(Path("raid.txt"), WriteGameText(raid));
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 1").board.at(9, 2).piece, kKnight);
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 0").board.at(7, 1).piece, kNoPiece);
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2").board.at(9, 2).piece, kPawn)
+      << "without --option the dialog is closed";
+  Run none = Cli("apply raid.txt 9 3 9 2 --option 2");
+  EXPECT_EQ(none.code, 1);
+  EXPECT_EQ(none.err, "varkesh-cli: the pawn has no option 2\n");
 }
 
-TEST_F(FlowCommandsTest, ResignUnderKingdomGainedConcedesToTheChosenTeam) {
-  std::string file = NewGame("--type 3 --rule 1");
-  Game game = Played("resign " + file + " --to 4");
-  EXPECT_EQ(Pieces(game, kWhite), 0);
-  EXPECT_EQ(Pieces(game, kRed), 31) << "White's King leaves the board";
-  EXPECT_TRUE(game.kingdomFallen[kWhite - 1]);
-  EXPECT_EQ(game.currentTeam, kBlue);
-  game = Played("resign " + file);
-  EXPECT_EQ(Pieces(game, kBlue), 31) << "without --to, the first team offered";
-
-  std::string allied = NewGame("--type 1 --rule 1");
-  ExpectFailure(1, "resign " + allied + " --to 2", "cannot concede to team 2");
-  ExpectFailure(1, "resign " + allied + " --to 9", "cannot concede to team 9");
-  ExpectFailure(2, "resign " + allied + " --to Red", "usage: varkesh-cli resign");
-  ExpectFailure(2, "resign", "usage: varkesh-cli resign");
+TEST_F(CliCommandsTest, ResignConcedesToTheChosenTeamOrAsksFirst) {
+  Keep("anarchy.txt", "new --type 3");
+  EXPECT_EQ(Pieces(Played("resign anarchy.txt --to 4"), kRed), 31);
+  EXPECT_EQ(Pieces(Played("resign anarchy.txt"), kBlue), 31) << "the first team offered";
+  Keep("lost.txt", "new --rule 2");
+  EXPECT_EQ(Pieces(Played("resign lost.txt --no"), kWhite), 16);
+  EXPECT_EQ(Pieces(Played("resign lost.txt"), kWhite), 0);
 }
 
-TEST_F(FlowCommandsTest, ResignUnderTheOtherRulesAsksFirst) {
-  std::string file = NewGame("--rule 2");
-  Game kept = Played("resign " + file + " --no");
-  EXPECT_EQ(Pieces(kept, kWhite), 16);
-  EXPECT_FALSE(kept.kingdomFallen[kWhite - 1]);
-  Game lost = Played("resign " + file);
-  EXPECT_EQ(Pieces(lost, kWhite), 0);
-  EXPECT_TRUE(lost.history[0].Empty());
+TEST_F(CliCommandsTest, EncodeThenDecodeGivesTheExactLayoutBack) {
+  std::string text = WriteGameText(testing::SampleGame());
+  std::string loose;  // line feeds alone are read, and stored as CR LF
+  for (char c : text)
+    if (c != '\r') loose += c;
+  PutFile(Path("loose.txt"), loose);
+  EXPECT_EQ(Cli("encode loose.txt game.vsh").code, 0);
+  Run decode = Cli("decode game.vsh");
+  EXPECT_EQ(decode.code, 0);
+  EXPECT_EQ(decode.out, text);
+}
 
-  Game frozen = Played("resign " + NewGame("--rule 3"));
-  EXPECT_EQ(frozen.board.at(8, 14).piece, -kQueen);
-  EXPECT_EQ(frozen.board.at(8, 15).piece, kNoPiece);
+TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
+  Keep("game.txt", "new");
+  std::string coded = EncodeText(FileText(Path("game.txt")));
+  PutFile(Path("cut.vsh"), coded.substr(0, coded.size() - 10));
+  PutFile(Path("bad.txt"), "\"Bad\"\r\n3\r\n");
+  const struct {
+    const char* arguments;
+    int code;
+    std::string err;
+  } refusals[] = {
+      {"new --type 4", 2, kNewUsage},
+      {"new --players 0,4,0,0", 2, kNewUsage},
+      {"new --name '   '", 2, kNewUsage},
+      {"apply game.txt 8 8 8 7", 1, "varkesh-cli: (8, 8) holds no piece of White that can move\n"},
+      {"apply game.txt 8 13 8 10", 1, "varkesh-cli: the piece on (8, 13) cannot move to (8, 10)\n"},
+      {"apply missing.txt 8 13 8 11", 1,
+       "varkesh-cli: missing.txt: Cannot open the file 'missing.txt'\n"},
+      {"apply game.txt 8 13x 8 11", 2, kApplyUsage},
+      {"apply game.txt 8 13 8 11 --option -1", 2, kApplyUsage},
+      {"resign game.txt --to 2", 1, "varkesh-cli: White cannot concede to team 2\n"},
+      {"resign game.txt --to Red", 2, kResignUsage},
+      {"decode game.txt", 1, "varkesh-cli: game.txt: This file is not a Varkesh saved game\n"},
+      {"decode cut.vsh", 1, "varkesh-cli: cut.vsh: This saved game is damaged\n"},
+      {"encode bad.txt bad.vsh", 1, "varkesh-cli: bad.txt: line 2: expected 2 fields, found 1\n"},
+      {"decode", 2, "usage: varkesh-cli decode FILE.vsh\n"},
+      {"encode game.txt", 2, "usage: varkesh-cli encode FILE OUT.vsh\n"},
+  };
+  for (const auto& refusal : refusals) {
+    Run run = Cli(refusal.arguments);
+    EXPECT_EQ(run.code, refusal.code) << refusal.arguments;
+    EXPECT_EQ(run.err, refusal.err) << refusal.arguments;
+    EXPECT_EQ(run.out, "") << refusal.arguments;
+  }
+  EXPECT_FALSE(std::filesystem::exists(Path("bad.vsh")));
 }
 
 }  // namespace

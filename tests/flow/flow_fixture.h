@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -19,24 +20,19 @@ namespace varkesh::testing {
 
 // Counts what the loop asked to draw.
 struct CountingView : GameView {
-  int hints = 0;
   int moves = 0;
-  int victories = 0;
-  std::vector<std::pair<int, int>> flagFrames;
-  void DrawHint(Game&, Hint) override { ++hints; }
+  std::vector<int> coWinnerFrames;
   void DrawMove(Game&, int, int, int, int, bool) override { ++moves; }
-  void DrawVictory(const Game&) override { ++victories; }
-  void DrawVictoryFlags(const Game&, int winner, int coWinner) override {
-    flagFrames.emplace_back(winner, coWinner);
+  void DrawVictoryFlags(const Game&, int, int coWinner) override {
+    coWinnerFrames.push_back(coWinner);
   }
 };
 
+// The fields of a message after its verb, as they go over the wire.
 inline std::string Fields(std::initializer_list<int> values) {
   std::string text;
-  for (int value : values) {
-    if (!text.empty()) text += kFieldSeparator;
-    text += std::to_string(value);
-  }
+  for (int value : values)
+    text += (text.empty() ? "" : std::string(1, kFieldSeparator)) + std::to_string(value);
   return text;
 }
 
@@ -51,37 +47,29 @@ class FlowTest : public ::testing::Test {
     outside.engine.appPath = folder.Slashed();
     LayOutTerrain(game.board);
     game.gameType = kAnarchy;
-    game.gameName = "Test";
     game.random = Random::Zero();
     outside.clock = 100.0;
     outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
   }
 
   Square& At(int x, int y) { return game.board.at(x, y); }
-
   void Put(int x, int y, int team, int piece) {
     At(x, y).team = team;
     At(x, y).piece = piece;
   }
 
-  // Four Kings, each with enough material to stay clear of lack of material.
+  // Each King on its edge with a Queen in front and a Rook two squares to
+  // either side of her: material 6, clear of lack of material.
   void PutArmies() {
-    Put(8, 15, kWhite, kKing);
-    Put(6, 14, kWhite, kRook);
-    Put(10, 14, kWhite, kRook);
-    Put(8, 14, kWhite, kQueen);
-    Put(1, 8, kBlue, kKing);
-    Put(2, 6, kBlue, kRook);
-    Put(2, 10, kBlue, kRook);
-    Put(2, 8, kBlue, kQueen);
-    Put(8, 1, kBlack, kKing);
-    Put(6, 2, kBlack, kRook);
-    Put(10, 2, kBlack, kRook);
-    Put(8, 2, kBlack, kQueen);
-    Put(15, 8, kRed, kKing);
-    Put(14, 6, kRed, kRook);
-    Put(14, 10, kRed, kRook);
-    Put(14, 8, kRed, kQueen);
+    for (auto [team, x, y, dx, dy] : {std::array{kWhite, 8, 15, 0, -1},
+                                      {kBlue, 1, 8, 1, 0},
+                                      {kBlack, 8, 1, 0, 1},
+                                      {kRed, 15, 8, -1, 0}}) {
+      Put(x, y, team, kKing);
+      Put(x + dx, y + dy, team, kQueen);
+      Put(x + dx + 2 * dy, y + dy + 2 * dx, team, kRook);
+      Put(x + dx - 2 * dy, y + dy - 2 * dx, team, kRook);
+    }
   }
 
   // The start of team's turn, as the previous move would leave it.
@@ -93,7 +81,6 @@ class FlowTest : public ::testing::Test {
   }
 
   void Pass() { RunPass(game, outside, view); }
-
   void Click(int x, int y, bool left = true) {
     game.clickPending = true;
     game.clickX = x;
@@ -102,7 +89,6 @@ class FlowTest : public ::testing::Test {
     game.clickRight = !left;
     Pass();
   }
-
   // Left click on the piece, left click on the destination, right click there.
   void PlayMove(int fromX, int fromY, int toX, int toY) {
     Click(fromX, fromY);
@@ -115,7 +101,7 @@ class FlowTest : public ::testing::Test {
     for (const ScriptedOutside::Sent& message : outside.sent) texts.push_back(message.message);
     return texts;
   }
-
+  std::string Log() const { return FileText(folder.File("error_main.log")); }
   bool ErrorShown() const {
     for (const ScriptedOutside::Message& message : outside.messages)
       if (message.title == "Varkesh Error") return true;

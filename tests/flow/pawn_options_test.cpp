@@ -1,114 +1,92 @@
-// A pawn in a hostile keep: what the dialog offers and what each pick does.
-#include "core/pawn_options.h"
+// A pawn entering a hostile keep, played on a client and repeated on the host
+// from the messages the client sent: both games must end up alike.
+#include <algorithm>
+#include <iterator>
+#include <sstream>
 
 #include "core/dungeon.h"
+#include "flow/accept_move.h"
 #include "flow_fixture.h"
+#include "persist/game_text.h"
 
 namespace varkesh::testing {
 namespace {
 
-// A White Pawn at (9, 3) steps into Black's keep at (9, 2), where a Black
-// Rook and Queen stand; Black holds a White Knight and a White Queen.
-class PawnOptionsTest : public FlowTest {
- protected:
-  PawnOptionsTest() {
-    Put(8, 15, kWhite, kKing);
-    Put(8, 14, kWhite, kQueen);
-    Put(6, 14, kWhite, kRook);
-    Put(9, 3, kWhite, kPawn);
-    Put(8, 0, kBlack, kKing);
-    Put(7, 1, kBlack, kRook);
-    Put(8, 2, kBlack, kQueen);
-    AddPieceToDungeon(game, kBlack, kWhite, kKnight);
-    AddPieceToDungeon(game, kBlack, kWhite, kQueen);
-  }
+std::vector<int> NumbersOf(std::string message) {
+  std::replace(message.begin(), message.end(), kFieldSeparator, ' ');
+  std::istringstream fields(message.substr(message.find('}') + 1));
+  return {std::istream_iterator<int>(fields), std::istream_iterator<int>()};
+}
 
-  void EnterKeep() {
-    BeginTurn(kWhite);
-    PlayMove(9, 3, 9, 2);
-  }
-
-  std::vector<std::string> Lines() {
-    std::vector<std::string> lines;
-    for (const PawnOption& option : ListPawnOptions(game, 9, 2)) lines.push_back(option.text);
-    return lines;
-  }
+struct KeepEntry {
+  const char* name;
+  int pick;             // the dialog's answer; -1 closes it
+  bool nothingOnOffer;  // no piece to take in the keep, no prisoner to free
+  int team, piece;      // on (9, 2) afterwards
+  int whitePrisoners, blackPrisoners;
+  std::array<int, 3> message;
 };
 
-TEST_F(PawnOptionsTest, CapturesComeFirstThenTheTeamsOwnPrisoners) {
-  Put(9, 1, kBlue, kKing);                         // a King is never offered
-  Put(10, 2, kRed, kBishop);                       // any hostile piece in the keep is
-  Put(7, 2, kBlack, -kKnight);                     // a frozen piece is not
+class KeepEntryTest : public FlowTest, public ::testing::WithParamInterface<KeepEntry> {};
+
+TEST_P(KeepEntryTest, IsPlayedAlikeHereAndOnTheHost) {
+  const KeepEntry& e = GetParam();
+  PutArmies();
+  Put(9, 3, kWhite, kPawn);
+  Put(7, 2, kRed, -kKnight);  // a frozen piece is no option
+  AddPieceToDungeon(game, kBlack, kWhite, kKnight);
   AddPieceToDungeon(game, kBlack, kBlue, kRook);   // nor another team's prisoner
   AddPieceToDungeon(game, kBlack, kWhite, kKing);  // nor a King
-  AddPieceToDungeon(game, kBlack, kWhite, kCastlePawn);
-  Put(9, 2, kWhite, kPawn);
-  EXPECT_EQ(Lines(), (std::vector<std::string>{"Capture Black's Rook", "Capture Black's Queen",
-                                               "Capture Red's Dark Bishop", "Free your Knight",
-                                               "Free your Queen", "Free your Castle Pawn"}));
-  game.gameType = kCrossroadAllies;  // Black is White's ally now, Blue an enemy
-  Put(8, 1, kBlue, kBishop);
-  EXPECT_EQ(Lines(), (std::vector<std::string>{"Capture Blue's Light Bishop",
-                                               "Capture Red's Dark Bishop", "Free your Knight",
-                                               "Free your Queen", "Free your Castle Pawn"}));
-}
-
-TEST_F(PawnOptionsTest, FreeingAPrisonerTurnsThePawnIntoIt) {
-  outside.pawnOptionPicks.push_back(3);
-  EnterKeep();
-  EXPECT_EQ(At(9, 2).team, kWhite);
-  EXPECT_EQ(At(9, 2).piece, kQueen);
-  const Dungeon& black = game.dungeons[kBlack - 1];
-  ASSERT_EQ(black.PrisonerCount(), 1);
-  EXPECT_EQ(black.prisoners[1], (DungeonPiece{kWhite, kKnight}));
-  EXPECT_EQ(game.pendingMoveMessage, "GAMV}" + Fields({2, 2, 0}));
-  EXPECT_EQ(outside.sounds.back(), "sfx_newgame");
-  EXPECT_EQ(game.currentTeam, kBlue);
-}
-
-TEST_F(PawnOptionsTest, CapturingSpendsThePawn) {
-  outside.pawnOptionPicks.push_back(1);
-  EnterKeep();
-  EXPECT_EQ(At(8, 2).piece, kNoPiece);
-  EXPECT_EQ(At(9, 2).piece, kNoPiece);
-  EXPECT_EQ(game.dungeons[kWhite - 1].prisoners[1], (DungeonPiece{kBlack, kQueen}));
-  EXPECT_EQ(game.pendingMoveMessage, "GAMV}" + Fields({1, 8, 2}));
-  EXPECT_EQ(outside.sounds.back(), "sfx_capturequeen");
-}
-
-TEST_F(PawnOptionsTest, ClosingTheDialogAppliesNothing) {
-  game.netRole = kNetHosting;
-  EnterKeep();
-  EXPECT_EQ(At(9, 2).piece, kPawn);
-  EXPECT_EQ(game.dungeons[kBlack - 1].PrisonerCount(), 2);
-  EXPECT_EQ(SentMessages().back(), "GAMV}" + Fields({0, 0, 0}));
-}
-
-TEST_F(PawnOptionsTest, APawnWithoutOptionsIsLostWithoutADialog) {
-  Put(7, 1, kWhite, kRook);  // the pawn's own pieces are no option
-  Put(8, 2, kNoTeam, kNoPiece);
-  game.dungeons[kBlack - 1].prisoners.Clear();
-  EnterKeep();
-  EXPECT_TRUE(outside.pawnOptionDialogs.empty());
-  EXPECT_EQ(At(9, 2).team, kNoTeam);
-  EXPECT_EQ(At(9, 2).piece, kNoPiece);
-  EXPECT_EQ(game.pendingMoveMessage, "GAMV}" + Fields({3, 0, 0}));
-}
-
-TEST_F(PawnOptionsTest, ACastlePawnIsAskedOnEachMoveInAHostileKeep) {
-  game.gameType = kAlliedNeighbors;
-  Put(1, 7, kWhite, kCastlePawn);  // Blue's keep: an ally's
-  EXPECT_FALSE(PawnOptionsDue(game, 1, 7));
-  Put(8, 16, kWhite, kCastlePawn);  // its own
-  EXPECT_FALSE(PawnOptionsDue(game, 8, 16));
-
-  Put(9, 3, kNoTeam, kNoPiece);
-  Put(9, 2, kWhite, kCastlePawn);
+  AddPieceToDungeon(game, kBlack, kWhite, kQueen);
+  if (e.nothingOnOffer) {
+    for (int x : {6, 8, 10}) Put(x, 2, kNoTeam, kNoPiece);
+    game.dungeons[kBlack - 1].prisoners.Clear();
+  }
+  game.netRole = kNetClient;
+  game.myNodeId = 1;
+  game.seatNode = {1, 0, 0, 0};
   BeginTurn(kWhite);
-  PlayMove(9, 2, 9, 1);
-  ASSERT_EQ(outside.pawnOptionDialogs.size(), 1u);
-  EXPECT_EQ(outside.pawnOptionDialogs[0][0], "Capture Black's Rook");
+  Game there = game;
+  there.netRole = kNetHosting;
+  there.myNodeId = 0;
+  outside.pawnOptionPicks.push_back(e.pick);
+  PlayMove(9, 3, 9, 2);
+
+  std::vector<std::vector<std::string>> dialogs;
+  if (!e.nothingOnOffer)
+    dialogs.push_back({"Capture Black's Rook", "Capture Black's Queen", "Capture Black's Rook",
+                       "Free your Knight", "Free your Queen"});
+  EXPECT_EQ(outside.pawnOptionDialogs, dialogs);
+  EXPECT_EQ(At(9, 2).team, e.team);
+  EXPECT_EQ(At(9, 2).piece, e.piece);
+  EXPECT_EQ(game.dungeons[kWhite - 1].PrisonerCount(), e.whitePrisoners);
+  EXPECT_EQ(game.dungeons[kBlack - 1].PrisonerCount(), e.blackPrisoners);
+  std::vector<std::string> sent = SentMessages();
+  ASSERT_EQ(sent.size(), 5u);
+  EXPECT_EQ(sent[1] + " " + sent[3], "GUGS}2 GUGS}3") << "each selection tells the mode";
+  EXPECT_EQ(sent[4], "GAMV}" + Fields({e.message[0], e.message[1], e.message[2]}));
+
+  std::vector<int> move = NumbersOf(sent[2]), kind = NumbersOf(sent[4]);
+  std::tie(there.moveFromX, there.moveFromY, there.moveToX, there.moveToY) =
+      std::tie(move.at(0), move.at(1), move.at(2), move.at(3));
+  std::tie(there.netMoveKind, there.netMoveArg1, there.netMoveArg2) =
+      std::tie(kind.at(0), kind.at(1), kind.at(2));
+  ScriptedOutside thereOutside;
+  NetAcceptMove(there, thereOutside);
+  EXPECT_EQ(there.board, game.board);
+  EXPECT_EQ(WriteGameText(there), WriteGameText(game));
+  EXPECT_EQ(there.gameMode, game.gameMode);
+  EXPECT_EQ(thereOutside.sounds, outside.sounds);
+  EXPECT_TRUE(there.gameSaved && thereOutside.sent.empty()) << "nothing to save or send on";
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    EachOutcome, KeepEntryTest,
+    ::testing::Values(KeepEntry{"DialogClosed", -1, false, kWhite, kPawn, 0, 4, {0, 0, 0}},
+                      KeepEntry{"QueenTaken", 1, false, kNoTeam, kNoPiece, 1, 4, {1, 8, 2}},
+                      KeepEntry{"QueenFreed", 4, false, kWhite, kQueen, 0, 3, {2, 4, 0}},
+                      KeepEntry{"PawnLost", -1, true, kNoTeam, kNoPiece, 0, 0, {3, 0, 0}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace varkesh::testing
