@@ -1,67 +1,128 @@
-// What the window's tests share: a Qt application for the whole run, and
-// documents and file dialogs that answer from a script.
+// What the window's tests share: file dialogs and documents that answer from
+// a script, scripted answers to modal windows, and the whole program as
+// main() starts it, in a folder of its own.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
-#include <QWidget>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
+#include "persist/command_line.h"
 #include "ui/documents.h"
+#include "ui/main_window.h"
+#include "ui/program_loop.h"
+#include "ui/startup.h"
+#include "ui/view_widget.h"
 
 namespace varkesh::test {
 
-class ScriptedDocuments : public Documents {
- public:
+struct ScriptedDocuments : Documents {
   std::vector<std::string> opened;
-  std::deque<std::string> loadAnswers;  // empty: cancelled
-  std::deque<std::string> saveAnswers;  // empty: cancelled
-  struct Request {
-    std::string title, filter, initialName, defaultExtension;
-  };
-  std::vector<Request> requests;
+  std::vector<std::string> answers;  // of the file dialogs in turn; none left: cancelled
+  std::size_t answered = 0;
 
-  void OpenDocument(const std::string& pathOrAddress) override { opened.push_back(pathOrAddress); }
-  std::string LoadFileDialog(QWidget*, const std::string& title, const std::string& filter,
-                             const std::string& initialName) override {
-    requests.push_back({title, filter, initialName, ""});
-    return Take(loadAnswers);
+  void OpenDocument(const std::string& path) override { opened.push_back(path); }
+  std::string LoadFileDialog(QWidget*, const std::string&, const std::string&,
+                             const std::string&) override {
+    return Answer();
   }
-  std::string SaveFileDialog(QWidget*, const std::string& title, const std::string& filter,
-                             const std::string& initialName,
-                             const std::string& defaultExtension) override {
-    requests.push_back({title, filter, initialName, defaultExtension});
-    return Take(saveAnswers);
+  std::string SaveFileDialog(QWidget*, const std::string&, const std::string&, const std::string&,
+                             const std::string&) override {
+    return Answer();
+  }
+  std::string Answer() { return answered < answers.size() ? answers[answered++] : ""; }
+};
+
+// Runs act on each modal window that shows (by default only the first), from
+// inside its event loop, for as long as the returned watcher lives.
+[[nodiscard]] inline std::unique_ptr<QTimer> WhenModalOpens(std::function<void(QWidget&)> act,
+                                                            bool once = true) {
+  auto poll = std::make_unique<QTimer>();
+  QObject::connect(poll.get(), &QTimer::timeout, [timer = poll.get(), act, once] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || !modal->isVisible()) return;
+    if (once) timer->stop();
+    act(*modal);
+  });
+  poll->start(5);
+  return poll;
+}
+
+[[nodiscard]] inline std::unique_ptr<QTimer> AnswerQuestion(const QString& title,
+                                                            QMessageBox::StandardButton answer) {
+  return WhenModalOpens([title, answer](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), title);
+    QTest::mouseClick(static_cast<QMessageBox&>(box).button(answer), Qt::LeftButton);
+  });
+}
+
+class RunningProgram {
+ public:
+  explicit RunningProgram(const CommandLine& commandLine = {}, bool firstRun = false,
+                          bool withPack = true) {
+    if (withPack) QFile::copy(VARKESH_BIN_DIR "/r.opk", folderHolder_.filePath("r.opk"));
+    program_.settings = std::make_unique<SettingsStore>(folder_ + "settings.ini");
+    if (!firstRun) program_.settings->Write("First", "Done");
+    program_.documents.reset(documents_);
+    started_ = StartUp(program_, commandLine, folder_);
+    if (!started_) return;
+    BeginRun(program_, commandLine);
+    QObject::connect(&loop_, &ProgramLoop::Ended, [this] { ended_ = true; });
+    loop_.Start();
+  }
+  ~RunningProgram() {
+    if (!started_ || ended_) return;
+    game().gameSaved = true;
+    window().close();
+    WaitFor([this] { return ended_; });
+  }
+
+  bool Started() const { return started_; }
+  bool Ended() const { return ended_; }
+  Game& game() { return program_.game; }
+  MainWindow& window() { return *program_.window; }
+  ScriptedDocuments& documents() { return *documents_; }
+  SettingsStore& settings() { return *program_.settings; }
+  const std::string& folder() const { return folder_; }
+
+  // A click in the middle of a square of the board at full size.
+  void ClickSquare(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+    ViewWidget& view = window().view();
+    QTest::mouseClick(&view, button, {},
+                      view.contentsRect().topLeft() + QPoint(x * 35 + 17, y * 35 + 17));
+  }
+  void PressShortcut(Qt::Key key) {
+    window().activateWindow();
+    if (!QTest::qWaitForWindowActive(&window())) ADD_FAILURE() << "the window is not active";
+    QTest::keyClick(&window(), key, Qt::ControlModifier);
+  }
+  bool WaitFor(const std::function<bool()>& done, int ms = 30000) {
+    return QTest::qWaitFor(done, ms);
+  }
+  // Until the game is in the mode, and if a team is given, at that team's turn.
+  bool WaitFor(int mode, int team = kNoTeam) {
+    return WaitFor(
+        [=, this] {
+          return game().gameMode == mode && (team == kNoTeam || game().currentTeam == team);
+        },
+        120000);
   }
 
  private:
-  static std::string Take(std::deque<std::string>& answers) {
-    if (answers.empty()) return {};
-    std::string answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
+  QTemporaryDir folderHolder_;
+  std::string folder_ = folderHolder_.path().toStdString() + "/";
+  Program program_;
+  ScriptedDocuments* documents_ = new ScriptedDocuments;  // owned by program_
+  ProgramLoop loop_{program_};
+  bool started_ = false;
+  bool ended_ = false;
 };
-
-// Runs act on the next modal window that opens (a message box or a dialog),
-// from inside its own event loop, once it shows. Nothing happens after the
-// returned watcher is gone, so keep it while the window is expected.
-[[nodiscard]] inline std::unique_ptr<QTimer> WhenModalOpens(std::function<void(QWidget&)> act) {
-  auto poll = std::make_unique<QTimer>();
-  poll->setInterval(5);
-  QTimer* timer = poll.get();
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr || !modal->isVisible()) return;
-    timer->stop();
-    act(*modal);
-  });
-  poll->start();
-  return poll;
-}
 
 }  // namespace varkesh::test

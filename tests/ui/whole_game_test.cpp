@@ -1,152 +1,103 @@
-// Whole games in the real window, against computer seats, driven with the
-// mouse, the menus and the dialogs as a player would.
-#include <gtest/gtest.h>
-
+// A whole game in the real window against computer seats, played with the mouse,
+// the menus and the dialogs, and the start of the run. Under VARKESH_SCREENSHOTS
+// the game also takes the pictures of the documentation at its landmarks.
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
+#include <QPainter>
+#include <optional>
 
+#include "core/dungeon.h"
 #include "core/rules.h"
-#include "running_program.h"
-#include "ui/qt_outside.h"
+#include "ui_test_support.h"
 
 namespace varkesh {
 namespace {
 
 using test::RunningProgram;
 
-struct Setup {
-  int gameType = 0;  // index of the option button
-  int rule = 0;
-  PerTeam<int> players{};
-};
-
-// Answers the next New Game dialog with the setup and Start.
-[[nodiscard]] std::unique_ptr<QTimer> AnswerNewGame(const Setup& setup) {
-  return test::WhenModalOpens([setup](QWidget& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Varkesh: New Game");
-    const QString gameType = "optGameType" + QString::number(setup.gameType);
-    const QString rule = "optKingCapture" + QString::number(setup.rule);
-    QTest::mouseClick(dialog.findChild<QRadioButton*>(gameType), Qt::LeftButton);
-    QTest::mouseClick(dialog.findChild<QRadioButton*>(rule), Qt::LeftButton);
-    for (int i = 0; i < kTeamCount; ++i) {
-      dialog.findChild<QComboBox*>("cmbPlayer" + QString::number(i))
-          ->setCurrentIndex(setup.players[static_cast<std::size_t>(i)]);
-    }
-    QTest::mouseClick(dialog.findChild<QPushButton*>("cmdStart"), Qt::LeftButton);
-  });
+// The window, with a dialog drawn where it stands over it.
+void Shoot(RunningProgram& run, const char* name, QWidget* dialog = nullptr) {
+  const QString folder = qEnvironmentVariable("VARKESH_SCREENSHOTS");
+  if (folder.isEmpty()) return;
+  QTest::qWait(400);  // the strobe and the flags move on
+  QPixmap shot = run.window().grab();
+  if (dialog != nullptr)
+    QPainter(&shot).drawPixmap(dialog->pos() - run.window().pos(), dialog->grab());
+  EXPECT_TRUE(QDir().mkpath(folder) && shot.save(folder + "/" + name + ".png")) << name;
 }
 
-// Answers the next question box with Yes or No, after checking its title.
-[[nodiscard]] std::unique_ptr<QTimer> AnswerQuestion(const QString& title,
-                                                     QMessageBox::StandardButton answer) {
-  return test::WhenModalOpens([title, answer](QWidget& box) {
-    EXPECT_EQ(box.windowTitle(), title);
-    QTest::mouseClick(static_cast<QMessageBox&>(box).button(answer), Qt::LeftButton);
-  });
-}
-
-// From the title to the first turn of a new game.
-void StartGame(RunningProgram& run, const Setup& setup) {
-  ASSERT_EQ(run.game().gameMode, ModeTitle);
-  const auto answer = AnswerNewGame(setup);
-  // A right click ends the title screen just as a left click does.
-  run.ClickSquare(8, 8, Qt::RightButton);
-  ASSERT_TRUE(run.WaitFor([&run] {
-    return run.game().gameMode == ModeChoosePiece || run.game().gameMode == ModeComputerThinks;
-  }));
-}
-
-// Chooses the first moveable piece and its first destination, and confirms
-// with a right click on that square. The square moved to.
-BoardSquare PlayFirstMove(RunningProgram& run) {
-  Game& game = run.game();
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
-  const BoardSquare from = game.moveablePieces[1];
+// Selects a piece, then a destination (by default the first it may go to),
+// and confirms with a right click there.
+void PlayMove(RunningProgram& run, BoardSquare from, std::optional<BoardSquare> to = {},
+              const char* shot = nullptr) {
   run.ClickSquare(from.x, from.y);
-  EXPECT_TRUE(run.WaitForMode(ModeChooseDestination));
+  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
   EXPECT_FALSE(run.window().pieceLabel().text().isEmpty());
-  const BoardSquare to = game.moveablePieces[1];
-  run.ClickSquare(to.x, to.y);
-  EXPECT_TRUE(run.WaitForMode(ModeConfirmMove));
-  run.ClickSquare(to.x, to.y, Qt::RightButton);
-  EXPECT_TRUE(run.WaitFor([&game] { return game.gameMode != ModeConfirmMove; }));
-  return to;
+  const BoardSquare target = to.value_or(run.game().moveablePieces[1]);
+  run.ClickSquare(target.x, target.y);
+  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+  if (shot != nullptr) Shoot(run, shot);
+  run.ClickSquare(target.x, target.y, Qt::RightButton);
+  ASSERT_TRUE(run.WaitFor([&run] { return run.game().gameMode != ModeConfirmMove; }));
 }
 
-bool WaitForHumanTurn(RunningProgram& run, int team) {
-  Game& game = run.game();
-  return run.WaitFor(
-      [&game, team] { return game.gameMode == ModeChoosePiece && game.currentTeam == team; },
-      120000);
+void Resign(RunningProgram& run) {
+  const auto yes = test::AnswerQuestion("Request to Resign", QMessageBox::Yes);
+  run.PressShortcut(Qt::Key_R);
 }
 
-std::vector<DungeonPiece> Pieces(const Board& board) {
-  std::vector<DungeonPiece> pieces;
-  for (const Square& square : board.squares) pieces.push_back({square.team, square.piece});
-  return pieces;
-}
-
-TEST(WholeGame, MovesSavingLoadingAPawnRaidAndResigningUpToTheVictoryScreen) {
-  RunningProgram run;
+TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
+  RunningProgram run({}, true);
   ASSERT_TRUE(run.Started());
+  EXPECT_EQ(run.documents().opened, std::vector<std::string>{run.folder() + "ReadMe.txt"});
   Game& game = run.game();
   MainWindow& window = run.window();
   window.menuAction(Menu::OptionsShowComp).trigger();
+  ASSERT_TRUE(run.WaitFor([&game] { return game.titleLoaded; }));
+  Shoot(run, "title");
 
-  StartGame(run, {0, 1, {kHuman, kHuman, kAggressive, kBalanced}});
-  EXPECT_TRUE(window.gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Lost)"));
+  {
+    const auto answer = test::WhenModalOpens([](QWidget& dialog) {
+      dialog.findChild<QComboBox*>("cmbPlayer2")->setCurrentIndex(kAggressive);
+      dialog.findChild<QComboBox*>("cmbPlayer3")->setCurrentIndex(kBalanced);
+      for (const char* button : {"optKingCapture2", "cmdStart"})
+        QTest::mouseClick(dialog.findChild<QAbstractButton*>(button), Qt::LeftButton);
+    });
+    run.ClickSquare(8, 8, Qt::RightButton);  // ends the title as a left click does
+    ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
+  }
+  Shoot(run, "game-start");
+  EXPECT_TRUE(window.gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Frozen)"));
   EXPECT_EQ(window.turnLabel().text(), "1st Round, White Player (Human)");
   EXPECT_TRUE(window.menuAction(Menu::Resign).isEnabled());
   EXPECT_FALSE(window.view().PauseButton().isHidden());
-
-  const BoardSquare whiteMove = PlayFirstMove(run);
-  EXPECT_EQ(game.board.at(whiteMove.x, whiteMove.y).team, kWhite);
-  ASSERT_TRUE(WaitForHumanTurn(run, kBlue));
-  PlayFirstMove(run);
-
-  // The computer seats think with the menus shut, and hand the turn back.
-  bool menusShutWhileThinking = false;
-  QTimer watch;
-  QObject::connect(&watch, &QTimer::timeout, [&] {
-    if (game.gameMode == ModeComputerThinks && !window.menuAction(Menu::Game).isEnabled())
-      menusShutWhileThinking = true;
-  });
-  watch.start(1);
-  ASSERT_TRUE(WaitForHumanTurn(run, kWhite));
-  watch.stop();
-  EXPECT_TRUE(menusShutWhileThinking);
-  EXPECT_TRUE(window.menuAction(Menu::Game).isEnabled());
-  EXPECT_EQ(game.history[0].team, kRed);
-  EXPECT_EQ(window.turnLabel().text(), "2nd Round, White Player (Human)");
+  PlayMove(run, {7, 14}, BoardSquare{6, 12}, "move-path");  // a White Knight
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
+  PlayMove(run, game.moveablePieces[1]);
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_EQ(game.history[0].team, kRed) << "the computer seats have played";
 
   // Saved through the file dialog, changed by a move, and loaded back.
   const std::string saved = run.folder() + "match.vsh";
-  run.documents().saveAnswers.push_back(saved);
+  run.documents().answers = {saved, saved};
   run.PressShortcut(Qt::Key_S);
   ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
-  EXPECT_EQ(run.documents().requests.back().title, "Save Game ...");
-  EXPECT_TRUE(game.gameSaved);
-  const std::vector<DungeonPiece> savedPieces = Pieces(game.board);
+  const Board savedBoard = game.board;
+  PlayMove(run, game.moveablePieces[1]);
+  EXPECT_NE(game.board.squares, savedBoard.squares);
+  {  // the game is no longer saved, so loading asks first
+    const auto yes = test::AnswerQuestion("Load Different Game?", QMessageBox::Yes);
+    run.PressShortcut(Qt::Key_L);
+  }
+  EXPECT_EQ(game.board.squares, savedBoard.squares);
+  EXPECT_EQ(std::tuple(game.currentTeam, game.roundNumber, game.gameMode),
+            std::tuple(kWhite, 2, ModeChoosePiece));
 
-  PlayFirstMove(run);
-  EXPECT_NE(Pieces(game.board), savedPieces);
-  EXPECT_FALSE(game.gameSaved);
-  run.documents().loadAnswers.push_back(saved);
-  const auto loadAnswer = AnswerQuestion("Load Different Game?", QMessageBox::Yes);
-  run.PressShortcut(Qt::Key_L);
-  EXPECT_EQ(Pieces(game.board), savedPieces);
-  EXPECT_EQ(game.currentTeam, kWhite);
-  EXPECT_EQ(game.roundNumber, 2);
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
-
-  // A White Pawn at the door of Black's keep walks in and captures there.
+  // A White Pawn at the door of Black's keep walks in and takes its second option.
   game.board.at(8, 3).team = kWhite;
   game.board.at(8, 3).piece = kPawn;
   game.board.at(8, 2).team = kNoTeam;
@@ -157,133 +108,86 @@ TEST(WholeGame, MovesSavingLoadingAPawnRaidAndResigningUpToTheVictoryScreen) {
   game.boardChanged = true;
   const int prisonersBefore = game.dungeons[0].PrisonerCount();
   QString chosenLine;
-  const auto pawnAnswer = test::WhenModalOpens([&chosenLine](QWidget& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Pawn's Options");
-    auto* list = dialog.findChild<QListWidget*>("lstPawnOptions");
-    EXPECT_TRUE(QTest::qWaitFor([list] { return list->count() > 0; }, 1000));
-    chosenLine = list->currentItem()->text();
-    QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSelect"), Qt::LeftButton);
-  });
-  run.ClickSquare(8, 3);
-  ASSERT_TRUE(run.WaitForMode(ModeChooseDestination));
-  run.ClickSquare(8, 2);
-  ASSERT_TRUE(run.WaitForMode(ModeConfirmMove));
-  run.ClickSquare(8, 2, Qt::RightButton);
-  ASSERT_TRUE(WaitForHumanTurn(run, kBlue));
-  EXPECT_TRUE(chosenLine.startsWith("Capture Black's")) << chosenLine.toStdString();
+  {
+    const auto select = test::WhenModalOpens([&](QWidget& dialog) {
+      auto* list = dialog.findChild<QListWidget*>("lstPawnOptions");
+      EXPECT_TRUE(QTest::qWaitFor([list] { return list->count() > 0; }, 1000));
+      Shoot(run, "pawn-options", &dialog);
+      list->setCurrentRow(1);
+      chosenLine = list->currentItem()->text();
+      QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSelect"), Qt::LeftButton);
+    });
+    PlayMove(run, {8, 3}, BoardSquare{8, 2});
+  }
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
   EXPECT_EQ(game.board.at(8, 2).piece, kNoPiece) << "the pawn is spent with its capture";
-  EXPECT_EQ(game.dungeons[0].PrisonerCount(), prisonersBefore + 1);
+  ASSERT_EQ(game.dungeons[0].PrisonerCount(), prisonersBefore + 1);
+  const DungeonPiece taken = game.dungeons[0].prisoners[prisonersBefore + 1];
+  EXPECT_EQ(chosenLine, QString("Capture Black's ") + PieceName(taken.piece));
 
   // Blue and then White resign: Black and Red have won.
-  const auto blueResigns = AnswerQuestion("Request to Resign", QMessageBox::Yes);
-  run.PressShortcut(Qt::Key_R);
+  Resign(run);
   EXPECT_TRUE(game.kingdomFallen[1]);
-  ASSERT_TRUE(WaitForHumanTurn(run, kWhite));
-  const auto whiteResigns = AnswerQuestion("Request to Resign", QMessageBox::Yes);
-  window.findChild<QAction*>("mnuResignResign")->trigger();
-  ASSERT_TRUE(run.WaitForMode(ModeVictory));
-  EXPECT_EQ(game.winner, kBlack);
-  EXPECT_EQ(game.coWinner, kRed);
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  Shoot(run, "frozen-kingdom");
+  for (int captor = kWhite; captor <= kRed; ++captor)  // dungeons past their first ten
+    for (int i = 0; i < 13; ++i)
+      AddPieceToDungeon(game, captor, (captor + i % 3) % kTeamCount + 1, kBishop + i % 5);
+  game.boardChanged = true;
+  Shoot(run, "full-dungeon");
+  Resign(run);
+  ASSERT_TRUE(run.WaitFor(ModeVictory));
+  Shoot(run, "victory");
+  EXPECT_EQ(std::pair(game.winner, game.coWinner), std::pair(kBlack, kRed));
   EXPECT_TRUE(window.view().PauseButton().isHidden());
   EXPECT_FALSE(window.menuAction(Menu::Resign).isEnabled());
   run.ClickSquare(3, 3);
-  ASSERT_TRUE(run.WaitForMode(ModeGameOver));
+  ASSERT_TRUE(run.WaitFor(ModeGameOver));
 
-  // Leaving asks about the unsaved game, then stores the options.
-  const auto exitAnswer = AnswerQuestion("Exit without Saving?", QMessageBox::Yes);
-  window.close();
-  ASSERT_TRUE(run.WaitFor([&run] { return run.Ended(); }, 5000));
+  // Leaving asks about the unsaved game; No keeps it going, Yes ends the run
+  // and stores the options.
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    const auto asked = test::AnswerQuestion("Exit without Saving?", answer);
+    window.close();
+    EXPECT_EQ(window.isVisible(), answer == QMessageBox::No);
+  }
+  ASSERT_TRUE(run.WaitFor([&run] { return run.Ended(); }));
   EXPECT_EQ(run.settings().Read("ShowComp"), "0");
   EXPECT_EQ(run.settings().Read("Sfx"), "-1");
-  EXPECT_EQ(run.settings().Read("History"), "0");
-  EXPECT_EQ(run.settings().Read("MainWindow"), "0");
   EXPECT_EQ(run.settings().Read("MainWidth"), std::to_string(window.width()));
-}
+  EXPECT_EQ(run.settings().Read("First"), "Done");
 
-TEST(WholeGame, AResignationUnderKingdomGainedNamesTheGainerInTheConcedeDialog) {
-  RunningProgram run;
-  ASSERT_TRUE(run.Started());
-  Game& game = run.game();
-  StartGame(run, {2, 0, {kHuman, kHuman, kHuman, kHuman}});
-  EXPECT_TRUE(run.window().view().PauseButton().isHidden()) << "no computer seat to pause";
-
-  std::vector<QString> offered;
-  const auto concedeAnswer = test::WhenModalOpens([&offered](QWidget& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "Team to Concede To");
-    for (QPushButton* button : dialog.findChildren<QPushButton*>())
-      if (!button->isHidden()) offered.push_back(button->text());
-    QTest::mouseClick(dialog.findChild<QPushButton*>("cmdConcedeTeam2"), Qt::LeftButton);
-  });
-  run.PressShortcut(Qt::Key_R);
-  EXPECT_EQ(offered, (std::vector<QString>{"&1 - Concede to Blue", "&2 - Concede to Black",
-                                           "&3 - Concede to Red", "&Withdraw Resignation"}));
-  EXPECT_TRUE(game.kingdomFallen[0]);
-  EXPECT_EQ(game.board.at(8, 16).team, kRed) << "White's Castle Pawn fights on for Red";
-  EXPECT_TRUE(WaitForHumanTurn(run, kBlue));
-}
-
-TEST(StartOfTheRun, TheFirstRunOpensTheReadMeAndASavedGameOnTheCommandLineSkipsTheTitle) {
-  QTemporaryDir keep;
-  const std::string saved = keep.filePath("start.vsh").toStdString();
-  {
-    RunningProgram first(CommandLine{}, {});
-    ASSERT_TRUE(first.Started());
-    EXPECT_EQ(first.documents().opened, std::vector<std::string>{first.folder() + "ReadMe.txt"});
-    EXPECT_EQ(first.settings().Read("First"), "Done");
-    StartGame(first, {1, 2, {kHuman, kDefensive, kHuman, kDefensive}});
-    first.documents().saveAnswers.push_back(saved);
-    first.window().findChild<QAction*>("mnuGameSave")->trigger();
-    ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
-  }
-
-  RunningProgram second(CommandLine{0, false, saved});
-  ASSERT_TRUE(second.Started());
-  EXPECT_TRUE(second.documents().opened.empty());
-  EXPECT_EQ(second.game().gameMode, ModeChoosePiece);
-  EXPECT_EQ(second.game().playerKinds, (PerTeam<int>{kHuman, kDefensive, kHuman, kDefensive}));
+  // The saved game named on the command line skips the title.
+  RunningProgram resumed(CommandLine{0, false, saved});
+  ASSERT_TRUE(resumed.Started());
+  EXPECT_EQ(resumed.game().gameMode, ModeChoosePiece);
+  EXPECT_EQ(resumed.game().board.squares, savedBoard.squares);
+  EXPECT_EQ(resumed.game().playerKinds, (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
   EXPECT_TRUE(
-      second.window().gameDescriptionLabel().text().endsWith("(Crossroad Allies/Kingdom Frozen)"));
+      resumed.window().gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Frozen)"));
 }
 
-TEST(StartOfTheRun, AMissingOrDamagedSavedGameIsExplainedAndTheTitleFollows) {
-  QTemporaryDir folder;
-  const std::string damaged = folder.filePath("damaged.vsh").toStdString();
-  {
-    QFile file(QString::fromStdString(damaged));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not a saved game");
-  }
-  for (const std::string& path : {folder.filePath("missing.vsh").toStdString(), damaged}) {
-    std::vector<QString> boxes;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (box == nullptr || !box->isVisible()) return;
-      boxes.push_back(box->text());
-      box->close();
-    });
-    closer.start(5);
-    RunningProgram run(CommandLine{0, false, path});
-    ASSERT_TRUE(run.Started());
+TEST(StartOfTheRun, AMissingPackOrAMissingOrDamagedSavedGameIsExplained) {
+  const struct {
+    bool withPack;
+    std::string savedGame, explanation;
+  } cases[] = {{false, "", "'r.opk'"},
+               {true, "/no/such/game.vsh", "/no/such/game.vsh"},
+               {true, VARKESH_BIN_DIR "/r.opk", "r.opk' could not be loaded"}};
+  for (const auto& c : cases) {
+    QString shown;  // the last message
+    const auto closeAll = test::WhenModalOpens(
+        [&shown](QWidget& box) {
+          shown = static_cast<QMessageBox&>(box).text();
+          box.close();
+        },
+        false);
+    RunningProgram run(CommandLine{0, false, c.savedGame}, false, c.withPack);
+    EXPECT_EQ(run.Started(), c.withPack);
+    EXPECT_TRUE(shown.contains(QString::fromStdString(c.explanation))) << shown.toStdString();
     EXPECT_EQ(run.game().gameMode, ModeTitle);
-    ASSERT_FALSE(boxes.empty()) << path;
-    EXPECT_TRUE(boxes.back().contains(QString::fromStdString(path))) << path;
+    EXPECT_EQ(run.window().isVisible(), c.withPack);
   }
-}
-
-TEST(StartOfTheRun, WithoutItsPackTheProgramSaysSoAndDoesNotStart) {
-  QTemporaryDir folder;
-  Program program;
-  program.settings = std::make_unique<SettingsStore>(folder.filePath("settings.ini").toStdString());
-  program.documents = std::make_unique<test::ScriptedDocuments>();
-  QString shown;
-  const auto note = test::WhenModalOpens([&shown](QWidget& box) {
-    shown = static_cast<QMessageBox&>(box).text();
-    box.close();
-  });
-  EXPECT_FALSE(StartUp(program, CommandLine{}, folder.path().toStdString() + "/"));
-  EXPECT_TRUE(shown.contains("'r.opk'")) << shown.toStdString();
-  EXPECT_FALSE(program.window->isVisible());
 }
 
 }  // namespace
