@@ -4,6 +4,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <utility>
+#include <vector>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -65,11 +67,14 @@ struct ScriptedDocuments : Documents {
 
 class RunningProgram {
  public:
+  // stored: settings of an earlier run, in place before the start.
   explicit RunningProgram(const CommandLine& commandLine = {}, bool firstRun = false,
-                          bool withPack = true) {
+                          bool withPack = true,
+                          const std::vector<std::pair<std::string, std::string>>& stored = {}) {
     if (withPack) QFile::copy(VARKESH_BIN_DIR "/r.opk", folderHolder_.filePath("r.opk"));
     program_.settings = std::make_unique<SettingsStore>(folder_ + "settings.ini");
     if (!firstRun) program_.settings->Write("First", "Done");
+    for (const auto& [key, value] : stored) program_.settings->Write(key, value);
     program_.documents.reset(documents_);
     started_ = StartUp(program_, commandLine, folder_);
     if (!started_) return;

@@ -157,10 +157,15 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   EXPECT_EQ(run.settings().Read("MainWidth"), std::to_string(window.width()));
   EXPECT_EQ(run.settings().Read("First"), "Done");
 
-  // The saved game named on the command line skips the title.
-  RunningProgram resumed(CommandLine{0, false, saved});
+  // The saved game named on the command line skips the title; the stored
+  // options come back, a "History" of 2 read as 3.
+  RunningProgram resumed(CommandLine{0, false, saved}, false, true,
+                         {{"showcomp", "0"}, {"History", "2"}});
   ASSERT_TRUE(resumed.Started());
   EXPECT_EQ(resumed.game().gameMode, ModeChoosePiece);
+  EXPECT_FALSE(resumed.window().IsMenuChecked(Menu::OptionsShowComp));
+  EXPECT_TRUE(resumed.window().IsMenuChecked(Menu::History3));
+  EXPECT_FALSE(resumed.window().IsMenuChecked(Menu::History0));
   EXPECT_EQ(resumed.game().board.squares, savedBoard.squares);
   EXPECT_EQ(resumed.game().playerKinds, (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
   EXPECT_TRUE(
