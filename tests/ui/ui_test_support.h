@@ -4,8 +4,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <utility>
-#include <vector>
 
 #include <QApplication>
 #include <QMessageBox>
@@ -15,6 +13,8 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "persist/command_line.h"
 #include "ui/documents.h"
