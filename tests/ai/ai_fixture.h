@@ -1,14 +1,12 @@
 // Games for the computer opponent's tests: the real terrain with only the
-// pieces a test puts there, or the pack's start position.
+// pieces a test puts there.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <initializer_list>
-#include <string>
+#include <vector>
 
 #include "core/game.h"
 #include "core/new_game_data.h"
+#include "flow/scripted_outside.h"
 
 namespace varkesh::test {
 
@@ -16,31 +14,20 @@ struct Placed {
   int x, y, team, piece;
 };
 
-inline void Put(Board& board, std::initializer_list<Placed> pieces) {
-  for (const Placed& p : pieces) {
-    board.at(p.x, p.y).team = p.team;
-    board.at(p.x, p.y).piece = p.piece;
-  }
-}
-
-inline Game EmptyGame(int gameType = kAnarchy, std::initializer_list<Placed> pieces = {}) {
+inline Game EmptyGame(int gameType, const std::vector<Placed>& pieces = {}) {
   Game game;
   game.gameType = gameType;
   game.random = Random::Zero();
   game.playerKinds = {kBalanced, kBalanced, kBalanced, kBalanced};
   LayOutTerrain(game.board);
-  Put(game.board, pieces);
+  for (const Placed& p : pieces) {
+    game.board.at(p.x, p.y).team = p.team;
+    game.board.at(p.x, p.y).piece = p.piece;
+  }
+  game.scratchBoard = game.board;
   return game;
 }
 
-inline Game StartGame(PerTeam<int> players) {
-  Game game = EmptyGame(kAlliedNeighbors);
-  game.playerKinds = players;
-  LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
-  return game;
-}
-
-// A candidate move with its scores, as the ladder sees it.
 inline MoveRec Move(int fromX, int fromY, int toX, int toY, int capture = 0, int threat = 0,
                     int danger = 0) {
   return {fromX, fromY, toX, toY, capture, threat, 0, danger, 0};

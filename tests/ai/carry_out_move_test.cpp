@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "ai/computer.h"
 #include "ai_fixture.h"
-#include "flow/scripted_outside.h"
 
 namespace varkesh {
 namespace {
@@ -14,140 +15,122 @@ namespace {
 using Sounds = std::vector<std::string>;
 
 void Play(Game& game, Outside& outside, int fromX, int fromY, int toX, int toY) {
-  game.moveFromX = fromX;
-  game.moveFromY = fromY;
-  game.moveToX = toX;
-  game.moveToY = toY;
+  std::tie(game.moveFromX, game.moveFromY, game.moveToX, game.moveToY) =
+      std::tie(fromX, fromY, toX, toY);
   CarryOutAImove(game, outside);
 }
 
-TEST(CarryOutAImove, CastleMoveAndKingToAnEmptyCorner) {
-  Game game =
-      test::EmptyGame(kAlliedNeighbors, {{8, 15, kWhite, kKing}, {8, 16, kWhite, kCastlePawn}});
+// Every machine of a session plays the move alike: nothing is drawn, asked or
+// sent, and the pending click is the main loop's business.
+TEST(CarryOutAImove, PawnOptionWithoutDialogMessageOrDraw) {
+  Game game = test::EmptyGame(
+      kAlliedNeighbors, {{8, 3, kWhite, kPawn}, {7, 1, kBlack, kQueen}, {9, 1, kBlack, kKing}});
+  game.netRole = kNetHosting;
+  game.pendingMoveMessage = "untouched";
+  game.clickPending = true;
   game.random = Random(5);
   ScriptedOutside outside;
-  Play(game, outside, 8, 15, 8, 16);
-  EXPECT_EQ(game.board.at(8, 16).piece, kKing);
-  EXPECT_EQ(game.board.at(8, 15), (Square{kWhite, kCastlePawn, 0, kKeep, kWhite}));
-  EXPECT_EQ(game.castleRight, (PerTeam<bool>{false, true, true, true}));
-  EXPECT_EQ(game.dungeons[0].PrisonerCount(), 0);
-  EXPECT_EQ(game.history[0], (HistoryMove{8, 15, 8, 16, kWhite, false}));
-  EXPECT_EQ(outside.sounds, Sounds{"sfx_click"});
+  Play(game, outside, 8, 3, 8, 2);
+  EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kQueen}));
+  EXPECT_EQ(outside.sounds, (Sounds{"sfx_click", "sfx_capturequeen"}));
+  EXPECT_TRUE(outside.pawnOptionDialogs.empty() && outside.sent.empty());
+  EXPECT_EQ(game.pendingMoveMessage, "untouched");
+  EXPECT_EQ(game.random.Next(), Random(5).Next());
+  EXPECT_TRUE(game.clickPending);
   EXPECT_FALSE(game.gameSaved);
-  EXPECT_EQ(game.currentTeam, kBlue);
-  EXPECT_EQ(game.gameMode, ModeComputerThinks);
-  EXPECT_EQ(game.random.Next(), Random(5).Next());  // no draw: every machine agrees
-
-  Game corner = test::EmptyGame(kAlliedNeighbors, {{8, 15, kWhite, kKing}});
-  Play(corner, outside, 8, 15, 8, 16);
-  EXPECT_EQ(corner.board.at(8, 16).piece, kKing);
-  EXPECT_EQ(corner.board.at(8, 15), (Square{kNoTeam, kNoPiece, 0, kKeep, kWhite}));
-  EXPECT_FALSE(corner.castleRight[0]);
+  EXPECT_EQ(game.gameMode, ModeComputerThinks);  // Blue's turn
 }
 
-TEST(CarryOutAImove, CapturesFillTheCaptorsDungeonExceptForPawns) {
-  Game game = test::EmptyGame(kAlliedNeighbors, {{8, 8, kWhite, kRook},
-                                                 {8, 5, kBlack, kBishop},
-                                                 {8, 4, kBlack, kCastlePawn},
-                                                 {4, 4, kBlack, kQueen},
-                                                 {4, 5, kBlack, kQueen},
-                                                 {4, 7, kBlack, kPawn}});
-  ScriptedOutside outside;
-  Play(game, outside, 8, 8, 8, 5);
-  game.currentTeam = kWhite;
-  Play(game, outside, 8, 5, 8, 4);
-  ASSERT_EQ(game.dungeons[0].PrisonerCount(), 1);
-  EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kBishop}));
-  EXPECT_EQ(outside.sounds, (Sounds{"sfx_capturequeen", "sfx_capture"}));
-  EXPECT_TRUE(game.history[0].wasCapture);
-  // Taking another team's Castle Pawn ends the mover's right, not the owner's.
-  EXPECT_EQ(game.castleRight, (PerTeam<bool>{false, true, true, true}));
-}
-
-TEST(CarryOutAImove, KingCaptureMeetsItsFateBeforeTheCaptorLands) {
-  Game game = test::EmptyGame(
-      kAlliedNeighbors, {{8, 8, kWhite, kRook}, {8, 4, kBlack, kKing}, {2, 8, kBlack, kQueen}});
-  game.kingCaptureRule = kKingdomFrozen;
-  ScriptedOutside outside;
-  Play(game, outside, 8, 8, 8, 4);
-  EXPECT_EQ(game.board.at(8, 4), (Square{kWhite, kRook, 0, kBattlefield, kNoTeam}));
-  EXPECT_EQ(game.board.at(2, 8).piece, -kQueen);
-  EXPECT_TRUE(game.kingdomFallen[2]);
-  EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kKing}));
-  EXPECT_EQ(outside.sounds, Sounds{"sfx_captureking"});
-}
-
-// Black keeps four pawns after losing one: its King goes to White's dungeon
-// and its kingdom to White. Only a human victim is told, whatever the role.
-TEST(CarryOutAImove, LackOfMaterialRemovesTheKing) {
-  for (auto [victim, netRole] :
-       {std::pair{kHuman, kNetNone}, {kDefensive, kNetNone}, {kDefensive, kNetHosting}}) {
-    Game game = test::EmptyGame(kAlliedNeighbors, {{8, 8, kWhite, kKnight},
-                                                   {9, 6, kBlack, kPawn},
-                                                   {8, 1, kBlack, kKing},
-                                                   {6, 3, kBlack, kPawn},
-                                                   {7, 3, kBlack, kPawn},
-                                                   {8, 3, kBlack, kPawn},
-                                                   {9, 3, kBlack, kPawn}});
+// Black keeps four pawns after losing one, so its King goes.
+TEST(CarryOutAImove, LackOfMaterialIsToldOnlyToAHumanVictimEvenInANetworkGame) {
+  const std::vector<test::Placed> pieces = {
+      {8, 8, kWhite, kKnight}, {9, 6, kBlack, kPawn}, {8, 1, kBlack, kKing}, {6, 3, kBlack, kPawn},
+      {7, 3, kBlack, kPawn},   {8, 3, kBlack, kPawn}, {9, 3, kBlack, kPawn}};
+  for (auto [victim, messages] : {std::pair{kHuman, 1u}, {kDefensive, 0u}}) {
+    Game game = test::EmptyGame(kAlliedNeighbors, pieces);
     game.playerKinds[2] = victim;
-    game.netRole = netRole;
+    game.netRole = kNetHosting;
     ScriptedOutside outside;
     Play(game, outside, 8, 8, 9, 6);
-    EXPECT_EQ(game.board.at(8, 1).piece, kNoPiece);
-    EXPECT_EQ(game.board.at(8, 1).team, kNoTeam);
-    EXPECT_EQ(game.dungeons[0].prisoners.Count(), 1);
-    EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kKing}));
     EXPECT_TRUE(game.kingdomFallen[2]);
-    EXPECT_EQ(game.board.at(6, 3).team, kWhite);
-    EXPECT_EQ(outside.sounds, (Sounds{"sfx_capture", "sfx_captureking"}));
-    ASSERT_EQ(outside.messages.size(), victim == kHuman ? 1u : 0u) << netRole;
-    if (victim == kHuman) {
-      EXPECT_EQ(outside.messages[0].title, "Lack of Material");
-      EXPECT_EQ(outside.messages[0].text,
-                "Black King is removed from the game due to lack of materials.");
-    }
+    EXPECT_EQ(outside.messages.size(), messages);
   }
 }
 
-// The game ends with the pawn standing in Black's keep: no turn passes, and
-// the Resign menu and the pending click are the main loop's business.
-TEST(CarryOutAImove, LastKingOfASideEndsTheGame) {
+TEST(CarryOutAImove, LastKingOfASideEndsTheGameWithoutPassingTheTurn) {
   Game game = test::EmptyGame(kAlliedNeighbors, {{7, 3, kWhite, kPawn}, {8, 2, kBlack, kKing}});
   game.kingdomFallen[3] = true;
-  game.clickPending = true;
   ScriptedOutside outside;
   outside.SetMenuEnabled(Menu::Resign, true);
   Play(game, outside, 7, 3, 8, 2);
   EXPECT_EQ(game.gameMode, ModeVictorySetUp);
-  EXPECT_EQ(game.winner, kWhite);
-  EXPECT_EQ(game.coWinner, kBlue);
   EXPECT_EQ(game.currentTeam, kWhite);
-  EXPECT_EQ(game.board.at(8, 2).piece, kPawn);
   EXPECT_TRUE(outside.IsMenuEnabled(Menu::Resign));
-  EXPECT_TRUE(game.clickPending);
 }
 
-TEST(CarryOutAImove, PawnOptionsWithoutADialogOrAMessage) {
-  Game game = test::EmptyGame(kAlliedNeighbors, {{8, 3, kWhite, kPawn},
-                                                 {7, 1, kBlack, kQueen},
-                                                 {9, 1, kBlack, kKing},
-                                                 {3, 8, kWhite, kCastlePawn},
-                                                 {1, 8, kBlue, kQueen}});
-  game.netRole = kNetHosting;
-  game.pendingMoveMessage = "untouched";
-  ScriptedOutside outside;
-  Play(game, outside, 8, 3, 8, 2);
-  EXPECT_EQ(game.board.at(8, 2).piece, kNoPiece);
-  EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kQueen}));
-  EXPECT_EQ(outside.sounds, (Sounds{"sfx_click", "sfx_capturequeen"}));
-  EXPECT_TRUE(outside.pawnOptionDialogs.empty());
-  EXPECT_TRUE(outside.sent.empty());
-  EXPECT_EQ(game.pendingMoveMessage, "untouched");
+using Prisoners = std::vector<DungeonPiece>;
 
-  game.currentTeam = kWhite;  // a Castle Pawn in an ally's keep does nothing
-  Play(game, outside, 3, 8, 2, 8);
-  EXPECT_EQ(game.board.at(2, 8).piece, kCastlePawn);
-  EXPECT_EQ(game.board.at(1, 8).piece, kQueen);
+// The first piece is a pawn of the team on turn that has just entered a keep.
+std::pair<Game, Sounds> RaidKeep(int gameType, const std::vector<test::Placed>& pieces,
+                                 const Prisoners& blacksPrisoners = {}) {
+  Game game = test::EmptyGame(gameType, pieces);
+  for (const DungeonPiece& prisoner : blacksPrisoners) game.dungeons[2].prisoners.Add(prisoner);
+  game.currentTeam = pieces.front().team;
+  std::tie(game.moveToX, game.moveToY) = std::pair{pieces.front().x, pieces.front().y};
+  ScriptedOutside outside;
+  AIpawnOptions(game, outside);
+  return {game, outside.sounds};
+}
+
+Prisoners HeldBy(const Game& game, int holder) {
+  const auto& held = game.dungeons[static_cast<std::size_t>(holder - 1)].prisoners;
+  return {held.begin(), held.end()};
+}
+
+constexpr test::Placed kInBlacksKeep{8, 2, kWhite, kPawn};
+
+TEST(AIpawnOptions, TakesTheOwnersPieceInTheFixedOrder) {
+  const auto [queen, queenSounds] =
+      RaidKeep(kAnarchy, {kInBlacksKeep, {7, 1, kBlack, kRook}, {9, 2, kBlack, kQueen}});
+  EXPECT_EQ(queen.board.at(8, 2).piece, kNoPiece);  // the pawn is spent
+  EXPECT_EQ(queen.board.at(9, 2).piece, kNoPiece);
+  EXPECT_EQ(HeldBy(queen, kWhite), (Prisoners{{kBlack, kQueen}}));
+  EXPECT_EQ(queenSounds, Sounds{"sfx_capturequeen"});
+
+  const Game knights = RaidKeep(kAnarchy, {kInBlacksKeep,
+                                           {9, 1, kBlack, kKnight},
+                                           {7, 1, kBlack, kKnight},
+                                           {8, 0, kBlack, kKnight}})
+                           .first;
+  EXPECT_EQ(knights.board.at(8, 0).piece, kNoPiece);  // lowest row, then lowest column
+
+  // A guest or a frozen piece is no target, nor is the King.
+  const auto [none, noSounds] = RaidKeep(
+      kAnarchy,
+      {kInBlacksKeep, {7, 1, kRed, kRook}, {9, 1, kBlack, -kQueen}, {8, 1, kBlack, kKing}});
+  EXPECT_EQ(none.board.at(8, 2).piece, kPawn);
+  EXPECT_TRUE(noSounds.empty());
+
+  for (auto [x, y, queenX, queenY, owner] :
+       {std::array{2, 8, 0, 8, kBlue}, {14, 8, 16, 8, kRed}, {8, 14, 8, 16, kWhite}}) {
+    const Game side =
+        RaidKeep(kAnarchy, {{x, y, kBlack, kPawn}, {queenX, queenY, owner, kQueen}}).first;
+    EXPECT_EQ(side.board.at(queenX, queenY).piece, kNoPiece) << owner;
+  }
+}
+
+TEST(AIpawnOptions, OtherwiseFreesTheMoversPrisonerInTheFixedOrder) {
+  const auto [bishop, bishopSounds] =
+      RaidKeep(kAnarchy, {kInBlacksKeep, {8, 1, kBlack, kKing}},
+               {{kWhite, kRook}, {kWhite, kKing}, {kWhite, kBishop}});
+  EXPECT_EQ(bishop.board.at(8, 2), (Square{kWhite, kBishop, 0, kKeep, kBlack}));
+  EXPECT_EQ(HeldBy(bishop, kBlack), (Prisoners{{kWhite, kRook}, {kWhite, kKing}}));
+  EXPECT_EQ(bishopSounds, Sounds{"sfx_newgame"});
+
+  const Game ally =
+      RaidKeep(kAlliedNeighbors, {kInBlacksKeep}, {{kBlue, kBishop}, {kWhite, kKing}}).first;
+  EXPECT_EQ(ally.board.at(8, 2).piece, kPawn);
+  EXPECT_EQ(HeldBy(ally, kBlack).size(), 2u);
 }
 
 }  // namespace

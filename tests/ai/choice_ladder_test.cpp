@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <regex>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "ai/computer.h"
 #include "ai_fixture.h"
-#include "flow/scripted_outside.h"
+#include "persist/temp_folder.h"
 
 namespace varkesh {
 namespace {
@@ -15,33 +19,31 @@ namespace {
 using test::Move;
 
 // White: a moat pawn off the defensive squares and one on them, a Knight at
-// home, one Knight out, a Rook, and two pawns in Black's moat.
-Game Position() {
-  return test::EmptyGame(kAnarchy, {{5, 13, kWhite, kPawn},
-                                    {6, 13, kWhite, kPawn},
-                                    {7, 14, kWhite, kKnight},
-                                    {7, 12, kWhite, kKnight},
-                                    {8, 8, kWhite, kRook},
-                                    {7, 3, kWhite, kPawn},
-                                    {9, 3, kWhite, kPawn}});
-}
+// home and one out, a Rook, and two pawns in Black's moat.
+const std::vector<test::Placed> kWhitesPieces = {{5, 13, kWhite, kPawn},   {6, 13, kWhite, kPawn},
+                                                 {7, 14, kWhite, kKnight}, {7, 12, kWhite, kKnight},
+                                                 {8, 8, kWhite, kRook},    {7, 3, kWhite, kPawn},
+                                                 {9, 3, kWhite, kPawn}};
 
-const MoveRec kRook = Move(8, 8, 9, 8);  // towards Red's keep
-const MoveRec kRookBack = Move(8, 8, 8, 9);
+const MoveRec kAhead = Move(8, 8, 9, 8);  // the Rook towards Red's keep
 const MoveRec kSidePawn = Move(5, 13, 5, 12);
 const MoveRec kMiddlePawn = Move(6, 13, 6, 12);
 const MoveRec kKnightOut = Move(7, 14, 6, 12);
 const MoveRec kKnightMoves = Move(7, 12, 6, 10);
-const MoveRec kPawnIn = Move(7, 3, 7, 2);
 
 MoveRec Full(MoveRec move, int threat) {
   move.threatScore = threat;
   return move;
 }
+const MoveRec kBetter = Full(kAhead, 20);  // scored above the moves a tier looks for
+
+// The Rook's step back, with the given scores.
+MoveRec Back(int capture = 0, int threat = 0, int danger = 0) {
+  return Move(8, 8, 8, 9, capture, threat, danger);
+}
 
 constexpr int kOpening = 60, kMiddle = 40, kEndgame = 20;
 
-// The chosen index and tier for a list at a stage and personality.
 struct LadderCase {
   const char* name;
   int pieceCount, personality, index;
@@ -53,36 +55,27 @@ using enum AiTier;
 
 // clang-format off
 const LadderCase kLadderCases[] = {
-  {"immediate 100", kMiddle, kBalanced, 2, BestOfWhatsLeft, {kRook, Move(8, 8, 8, 4, 100)}},
-  {"immediate 101", kMiddle, kBalanced, 2, TopMove, {kRook, Move(8, 8, 8, 4, 101)}},
-  {"immediate -100", kMiddle, kBalanced, 1, BestOfTheWorst, {Move(8, 8, 9, 8, 0, 0, 100)}},
-  {"immediate -101", kMiddle, kBalanced, 2, TopMove,
-   {Move(8, 8, 9, 8, 0, 0, 102), Move(8, 8, 7, 8, 0, 0, 101)}},
-  {"full 100", kMiddle, kBalanced, 2, BestOfWhatsLeft, {kRook, Full(kRookBack, 100)}},
-  {"full 101", kMiddle, kBalanced, 2, TopThreat, {kRook, Full(kRookBack, 101)}},
-  {"full -70 off the list", kMiddle, kBalanced, 2, BestOfTheWorst,
-   {Move(8, 8, 9, 8, 0, 30, 100), Move(8, 8, 7, 8, 0, 0, 90)}},
-  {"full -69 on it", kMiddle, kBalanced, 2, BestOfWhatsLeft,
-   {Move(8, 8, 9, 8, 0, 30, 100), Move(8, 8, 7, 8, 0, 31, 100)}},
+  {"immediate 100", kMiddle, kBalanced, 2, BestOfWhatsLeft, {kAhead, Back(100, 0, 0)}},
+  {"immediate 101", kMiddle, kBalanced, 2, TopMove, {kAhead, Back(101, 0, 0)}},
+  {"immediate -100", kMiddle, kBalanced, 1, BestOfTheWorst, {Back(0, 0, 100)}},
+  {"immediate -101", kMiddle, kBalanced, 2, TopMove, {Back(0, 0, 102), Back(0, 0, 101)}},
+  {"full 100", kMiddle, kBalanced, 2, BestOfWhatsLeft, {kAhead, Back(0, 100, 0)}},
+  {"full 101", kMiddle, kBalanced, 2, TopThreat, {kAhead, Back(0, 101, 0)}},
+  {"full -70 off", kMiddle, kBalanced, 2, BestOfTheWorst, {Back(0, 30, 100), Back(0, 0, 90)}},
+  {"full -69 on", kMiddle, kBalanced, 2, BestOfWhatsLeft, {Back(0, 30, 100), Back(0, 31, 100)}},
   {"first raid, not best", kEndgame, kAggressive, 2, PawnIntoKeep,
-   {Full(kRook, 90), kPawnIn, Full(Move(9, 3, 9, 2), 50)}},
-  {"raid off the list", kOpening, kDefensive, 1, RandomMove, {kRook, Move(7, 3, 7, 2, 0, 0, 70)}},
-  {"51 pieces: opening", 51, kBalanced, 2, StartingPawn, {Full(kRook, 20), kMiddlePawn}},
-  {"50 pieces: middle", 50, kBalanced, 1, BestOfWhatsLeft, {Full(kRook, 20), kMiddlePawn}},
-  {"30 pieces: middle", 30, kBalanced, 2, BestOfWhatsLeft, {kRookBack, Full(kMiddlePawn, 20)}},
-  {"29 pieces: endgame", 29, kBalanced, 2, AdvancesPawn, {Full(kRookBack, 20), kRook}},
-  {"endgame, nothing advances", kEndgame, kBalanced, 1, RandomMove,
-   {kRookBack, Full(Move(8, 8, 8, 10), 9)}},
-  {"aggressive pawns", kOpening, kAggressive, 2, StartingPawn,
-   {Full(kRook, 20), kSidePawn, kMiddlePawn, kKnightOut}},
-  {"defensive pawn squares", kOpening, kDefensive, 3, StartingPawn,
-   {Full(kRook, 20), kSidePawn, kMiddlePawn, kKnightOut}},
+   {Full(kAhead, 90), Move(7, 3, 7, 2), Full(Move(9, 3, 9, 2), 50)}},
+  {"51 pieces: opening", 51, kBalanced, 2, StartingPawn, {kBetter, kMiddlePawn}},
+  {"50 pieces: middle", 50, kBalanced, 1, BestOfWhatsLeft, {kBetter, kMiddlePawn}},
+  {"30 pieces: middle", 30, kBalanced, 2, BestOfWhatsLeft, {Back(), Full(kMiddlePawn, 20)}},
+  {"29 pieces: endgame", 29, kBalanced, 2, AdvancesPawn, {Full(Back(), 20), kAhead}},
+  {"endgame, nothing advances", kEndgame, kBalanced, 1, RandomMove, {Back(), Back(0, 9, 0)}},
+  {"aggressive pawns", kOpening, kAggressive, 2, StartingPawn, {kBetter, kSidePawn, kMiddlePawn}},
+  {"defensive squares", kOpening, kDefensive, 3, StartingPawn, {kBetter, kSidePawn, kMiddlePawn}},
   {"defensive knights", kOpening, kDefensive, 4, StartingKnight,
-   {Full(kRook, 20), kSidePawn, kKnightMoves, Full(kKnightOut, 5)}},
-  {"balanced knights", kOpening, kBalanced, 3, StartingKnight,
-   {Full(kRook, 20), kKnightMoves, Full(kKnightOut, 5)}},
-  {"aggressive never knights", kOpening, kAggressive, 1, RandomMove, {kRook, Full(kKnightOut, 50)}},
-  {"defensive, all moved", kOpening, kDefensive, 1, RandomMove, {kRook, kSidePawn, kKnightMoves}},
+   {kBetter, kSidePawn, kKnightMoves, Full(kKnightOut, 5)}},
+  {"balanced knights", kOpening, kBalanced, 3, StartingKnight, {kBetter, kKnightMoves, kKnightOut}},
+  {"aggressive: no knights", kOpening, kAggressive, 1, RandomMove, {kAhead, Full(kKnightOut, 50)}},
   {"no move at all", kMiddle, kBalanced, 0, TopMove, {}},
 };
 // clang-format on
@@ -90,71 +83,122 @@ const LadderCase kLadderCases[] = {
 // The best scores as the scoring phase leaves them, then the ladder.
 AiChoice Climb(Game& game, const std::vector<MoveRec>& moves, int pieceCount, int personality) {
   game.moveList.Clear();
-  ScoreSummary scores;
-  scores.pieceCount = pieceCount;
+  ScoreSummary best{.pieceCount = pieceCount};
   for (const MoveRec& move : moves) {
     game.moveList.Add(move);
-    if (ImmediateScore(move) > scores.bestImmediate) {
-      scores.bestImmediate = ImmediateScore(move);
-      scores.bestImmediateMove = game.moveList.Count();
-    }
-    if (FullScore(move) > scores.bestFull) {
-      scores.bestFull = FullScore(move);
-      scores.bestFullMove = game.moveList.Count();
-    }
+    const int i = game.moveList.Count();
+    if (ImmediateScore(move) > best.bestImmediate)
+      std::tie(best.bestImmediate, best.bestImmediateMove) = std::pair{ImmediateScore(move), i};
+    if (FullScore(move) > best.bestFull)
+      std::tie(best.bestFull, best.bestFullMove) = std::pair{FullScore(move), i};
   }
-  return ClimbLadder(game, scores, personality, AiLog{});
+  return ClimbLadder(game, best, personality, AiLog{});
 }
 
 TEST(ChoiceLadder, ThresholdsStagesAndOpenings) {
   for (const LadderCase& c : kLadderCases) {
-    Game game = Position();
+    Game game = test::EmptyGame(kAnarchy, kWhitesPieces);
     const AiChoice choice = Climb(game, c.moves, c.pieceCount, c.personality);
     EXPECT_EQ(choice.index, c.index) << c.name;
     EXPECT_EQ(TierName(choice.tier), std::string(TierName(c.tier))) << c.name;
   }
-}
-
-TEST(ChoiceLadder, KnightHomesAreTheTeamsOwn) {
-  Game game = Position();
-  game.currentTeam = kBlue;
-  EXPECT_EQ(Climb(game, {kRook, kKnightOut}, kOpening, kBalanced).tier, AiTier::RandomMove);
+  Game blue = test::EmptyGame(kAnarchy, kWhitesPieces);
+  blue.currentTeam = kBlue;  // a home of White's Knights is none of Blue's
+  EXPECT_EQ(Climb(blue, {kAhead, kKnightOut}, kOpening, kBalanced).tier, RandomMove);
 }
 
 TEST(ChoiceLadder, RandomMoveReachesEveryEntryAndTiesDraw) {
-  Game game = Position();
+  Game game = test::EmptyGame(kAnarchy, kWhitesPieces);
   game.random = Random(7);
   std::vector<int> seen(4, 0);
   for (int round = 0; round < 60; ++round)
-    ++seen[Climb(game, {kRook, kRookBack, Move(8, 8, 7, 8)}, kOpening, kAggressive).index];
-  EXPECT_EQ(seen[0], 0);
+    ++seen[Climb(game, {kAhead, Back(), Move(8, 8, 7, 8)}, kOpening, kAggressive).index];
   EXPECT_TRUE(seen[1] > 0 && seen[2] > 0 && seen[3] > 0) << seen[1] << seen[2] << seen[3];
 
-  std::uint64_t seed = 0;
-  while (Random(seed).Next() < 0.5) ++seed;
-  game.random = Random(seed);
-  EXPECT_EQ(Climb(game, {kRook, kRookBack}, kMiddle, kBalanced).index, 2);
+  game.random = Random(2);  // its first draw is above one half: a tie-break's 1
+  EXPECT_EQ(Climb(game, {kAhead, Back()}, kMiddle, kBalanced).index, 2);
   EXPECT_EQ(game.moveList[2].threatScore, 1);
 }
 
-TEST(ChooseAImove, OpensTheStartPositionByPersonality) {
-  for (int personality : {kAggressive, kBalanced, kDefensive}) {
-    Game game = test::StartGame({personality, 0, 0, 0});
-    ScriptedOutside outside;
-    const AiChoice choice = ChooseAImove(game, outside);
-    ASSERT_EQ(choice.tier, AiTier::StartingPawn) << personality;
-    const MoveRec& move = game.moveList[choice.index];
-    EXPECT_EQ(game.board.at(move.fromX, move.fromY).piece, kPawn);
-    if (personality == kDefensive) {
-      EXPECT_TRUE(move.fromX == 6 || move.fromX == 8 || move.fromX == 10) << move.fromX;
-    }
-    EXPECT_EQ(GetAImove(game, outside), choice.index);
+// The stamped lines of ai.log without their stamps, less the frame's own.
+std::vector<std::string> LogLines(const testing::TempFolder& folder) {
+  const std::string text = testing::FileText(folder.File("ai.log"));
+  const std::regex stamped(R"( \.\.\. (?!Log )([^\r\n]*))");
+  std::vector<std::string> lines;
+  for (std::sregex_iterator it(text.begin(), text.end(), stamped), end; it != end; ++it)
+    lines.push_back((*it)[1]);
+  return lines;
+}
+
+class AiLogFile : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    outside_.engine.appPath = folder_.Slashed();
+    outside_.engine.logLevel = 3;
   }
-  Game human = test::StartGame({kHuman, 0, 0, 0});
-  ScriptedOutside outside;
-  EXPECT_EQ(GetAImove(human, outside), 0);
-  EXPECT_GT(ChooseAImove(human, outside, kBalanced).index, 0);
-  EXPECT_TRUE(human.computerPieces.Empty());
+  testing::TempFolder folder_;
+  ScriptedOutside outside_;
+};
+
+// White's moat pawn can step into the reach of Black's Rook or take Black's
+// Knight; Black strikes both of Blue's Rooks, and one of them has Black's
+// Queen in her keep under a weak threat.
+TEST_F(AiLogFile, OneTurnLineByLine) {
+  const std::vector<test::Placed> pieces = {{5, 13, kWhite, kPawn}, {6, 12, kBlack, kKnight},
+                                            {5, 11, kBlack, kRook}, {10, 10, kBlue, kRook},
+                                            {11, 9, kBlack, kPawn}, {8, 1, kBlack, kQueen},
+                                            {8, 6, kBlue, kRook}};
+  Game game = test::EmptyGame(kAlliedNeighbors, pieces);
+  game.playerKinds = {kAggressive, kHuman, kHuman, kHuman};
+  EXPECT_EQ(ChooseAImove(game, outside_).index, 2);
+  const std::string weak = "          Give Weak Threat at 8, 1: 83 (Black Queen)";
+  const std::string byQueen = "               *** Threat from Black Queen at 8,1";
+  const std::string byPawn = "               *** Threat from Black Pawn at 11,9";
+  const std::vector<std::string> expected{
+      "1st Round, White Player (Aggressive)",
+      "Number of moves to evaluate: 2",
+      "     Move #01: (5, 13) White's Pawn (5, 12)",
+      weak,
+      byQueen,
+      byPawn,
+      "               *** Threat from Black Rook at 5,11",
+      "          * Danger at 5, 12: 50 (White Pawn)",
+      "                    »» Move #01 Immediate Score: -50",
+      "                    »» Move #01 Full Score: 33",
+      "     Move #02: (5, 13) White's Pawn »» Black's Knight (6, 12)",
+      "          # Capture: 300 (Black Knight)",
+      weak,
+      byQueen,
+      byPawn,
+      "               *** Threat from White Pawn at 6,12",
+      "          Threaten at 5, 11: 100 (Black Rook)",
+      "                    »» Move #02 Immediate Score: 300",
+      "                    »» Move #02 Full Score: 483",
+      "               >>Move Chosen (top move): 2",
+  };
+  EXPECT_EQ(LogLines(folder_), expected);
+  EXPECT_EQ(outside_.engine.logPaths.back(), "");  // closed with the turn
+}
+
+TEST_F(AiLogFile, FromLevelThreeATurnAtATime) {
+  outside_.engine.logLevel = 2;
+  Game game = test::EmptyGame(kAlliedNeighbors);
+  game.playerKinds = {kDefensive, kHuman, kHuman, kHuman};
+  LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
+  ChooseAImove(game, outside_);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("ai.log")));
+
+  outside_.engine.logLevel = 3;
+  ChooseAImove(game, outside_);
+  game.currentTeam = kBlue;
+  EXPECT_EQ(ChooseAImove(game, outside_).index, 0);
+  const std::vector<std::string> lines = LogLines(folder_);
+  ASSERT_GE(lines.size(), 4u);
+  EXPECT_EQ(lines.front(), "1st Round, White Player (Defensive)");
+  // The Defensive starting pawn's line alone has no arrows.
+  EXPECT_EQ(lines[lines.size() - 2].rfind("     Move Chosen (starting pawn): ", 0), 0u);
+  EXPECT_EQ(lines.back(), "1st Round, Blue Player (Human)");
+  EXPECT_EQ(outside_.engine.logPaths.back(), "");  // closed at once
 }
 
 }  // namespace
