@@ -3,6 +3,7 @@
 #include "ai/computer.h"
 #include "core/dungeon.h"
 #include "core/pawn_options.h"
+#include "core/rules.h"
 
 namespace varkesh {
 namespace {
@@ -10,12 +11,15 @@ namespace {
 // Not the order of the values: Kings are never taken this way, Pawns never held.
 constexpr int kRaidOrder[] = {kQueen, kBishop, kRook, kKnight, kCastlePawn};
 
-// The first piece of the kind that stands in its own team's keep.
-Square* FindTarget(Game& game, const KeepArea& area, int kind) {
+// The first piece of the kind that stands in its own team's keep, an enemy's:
+// a keep just gained by taking its King holds the mover's own pieces.
+Square* FindTarget(Game& game, const KeepArea& area, int kind, int mover) {
   for (int y = area.y0; y <= area.y1; ++y)
     for (int x = area.x0; x <= area.x1; ++x) {
       Square& square = game.board.at(x, y);
-      if (square.piece == kind && square.team == square.realm) return &square;
+      if (square.piece == kind && square.team == square.realm &&
+          IsHostile(game.gameType, mover, square.team))
+        return &square;
     }
   return nullptr;
 }
@@ -23,7 +27,7 @@ Square* FindTarget(Game& game, const KeepArea& area, int kind) {
 bool TakeKeepPiece(Game& game, Outside& outside, Square& pawn) {
   const KeepArea area = KeepAround(game.moveToX, game.moveToY);
   for (int kind : kRaidOrder) {
-    Square* target = FindTarget(game, area, kind);
+    Square* target = FindTarget(game, area, kind, pawn.team);
     if (target == nullptr) continue;
     AddPieceToDungeon(game, pawn.team, target->team, target->piece);
     target->team = kNoTeam;

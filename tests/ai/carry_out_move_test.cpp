@@ -68,6 +68,19 @@ TEST(CarryOutAImove, LastKingOfASideEndsTheGameWithoutPassingTheTurn) {
   EXPECT_TRUE(outside.IsMenuEnabled(Menu::Resign));
 }
 
+// The keep the pawn has just won by taking its King is its own now: nothing
+// there is raided.
+TEST(CarryOutAImove, AKingdomJustGainedIsNotRaided) {
+  Game game = test::EmptyGame(
+      kAnarchy, {{7, 3, kWhite, kPawn}, {8, 2, kBlack, kKing}, {8, 1, kBlack, kQueen}});
+  ScriptedOutside outside;
+  Play(game, outside, 7, 3, 8, 2);
+  EXPECT_EQ(game.board.at(8, 1), (Square{kWhite, kQueen, 0, kKeep, kWhite}));
+  EXPECT_EQ(game.board.at(8, 2).team, kWhite);
+  EXPECT_EQ(game.board.at(8, 2).piece, kPawn);
+  EXPECT_EQ(game.dungeons[0].prisoners.Count(), 1);  // only the King
+}
+
 using Prisoners = std::vector<DungeonPiece>;
 
 // The first piece is a pawn of the team on turn that has just entered a keep.
