@@ -1,6 +1,7 @@
 #include "flow/error_handler.h"
 
 #include <array>
+#include <cstdio>
 #include <ctime>
 #include <fstream>
 
@@ -17,11 +18,11 @@ std::string ErrorStamp() {
   std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
-  char clock[16];
-  std::strftime(clock, sizeof clock, "%H:%M:%S", &local);
-  return std::to_string(local.tm_year + 1900) + "-" +
-         kMonths[static_cast<std::size_t>(local.tm_mon)] + "-" + std::to_string(local.tm_mday) +
-         " " + clock;
+  char stamp[48];
+  std::snprintf(stamp, sizeof stamp, "%d-%s-%d %02d:%02d:%02d", local.tm_year + 1900,
+                kMonths[static_cast<std::size_t>(local.tm_mon)], local.tm_mday, local.tm_hour,
+                local.tm_min, local.tm_sec);
+  return stamp;
 }
 
 }  // namespace
