@@ -19,6 +19,14 @@ namespace varkesh {
 
 namespace {
 
+// A menu entry with a check mark.
+struct CheckableEntry {
+  Menu id;
+  const char* objectName;
+  const char* text;
+  QKeySequence key;
+};
+
 constexpr int kStartWidth = 620;
 constexpr int kStartHeight = 700;
 constexpr int kStartTop = 10;
@@ -130,12 +138,7 @@ void MainWindow::BuildNetPlayMenu() {
 
 void MainWindow::BuildOptionsMenu() {
   QMenu* menu = AddMenu("mnuOptions", "&Options", Menu::Options);
-  const struct {
-    Menu id;
-    const char* objectName;
-    const char* text;
-    QKeySequence key;
-  } options[] = {
+  const CheckableEntry options[] = {
       {Menu::OptionsSfx, "mnuOptionsSfx", "Sound E&ffects", Qt::CTRL | Qt::Key_F},
       {Menu::OptionIndicator, "mnuOptionIndicator", "Selection &Indicator", Qt::CTRL | Qt::Key_I},
       {Menu::OptionsShowComp, "mnuOptionsShowComp", "&Preview Computer Moves",
@@ -155,12 +158,7 @@ void MainWindow::BuildOptionsMenu() {
   menu->addSeparator()->setObjectName("mnuOptionsUL1");
   auto* history = new QActionGroup(this);
   history->setExclusive(true);
-  const struct {
-    Menu id;
-    const char* objectName;
-    const char* text;
-    QKeySequence key;
-  } histories[] = {
+  const CheckableEntry histories[] = {
       {Menu::History0, "mnuHistory0", "Show N&o Move History", Qt::Key_F2},
       {Menu::History1, "mnuHistory1", "Show &1 Move History", Qt::Key_F3},
       {Menu::History3, "mnuHistory3", "Show &3 Moves History", Qt::Key_F4},
