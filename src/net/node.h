@@ -1,0 +1,79 @@
+// One program's end of a NetPlay session: its game, its session record and
+// the ports it reaches the world through. The free functions here are the
+// session's procedures; the window, the headless node and the tests call
+// them, and the transport's events come in through SessionEvents.
+#pragma once
+
+#include <string>
+
+#include "core/game.h"
+#include "core/outside.h"
+#include "net/net_view.h"
+#include "net/session.h"
+#include "net/transport.h"
+
+namespace varkesh::net {
+
+struct NetNode {
+  Game& game;
+  NetSession& session;
+  Outside& outside;
+  NetView& view;
+  Transport& transport;
+};
+
+// Opening, with game.netRole at 1 (host) or 3 (client) and the dialog's
+// choices in game.localPlayerName, session.hostAddress and session.netPort.
+// A host that cannot listen reports it in the NetPlay error block and
+// returns false; its role is then back at 0.
+bool OpenAsHost(NetNode& node);
+void OpenAsClient(NetNode& node);
+// The window's unload: every connection closed, the role back to 0, the
+// game menus enabled again. The game on the screen stays.
+void CloseSession(NetNode& node);
+
+// Each message goes out with its end mark. SendToAll is the host's: every
+// connected node from 1 up but skipNode (0 skips nobody).
+void SendToAll(NetNode& node, const std::string& chunk, int skipNode);
+void SendToClient(NetNode& node, int clientNum, const std::string& chunk);
+
+// The transport's events, turned into the session's procedures.
+class SessionEvents : public TransportEvents {
+ public:
+  explicit SessionEvents(NetNode& node) : node_(node) {}
+  void OnAccepted(ConnectionId connection) override;
+  void OnConnected(ConnectionId connection) override;
+  void OnData(ConnectionId connection, std::string_view bytes) override;
+  void OnClosed(ConnectionId connection) override;
+  void OnError(ConnectionId connection, int number, const std::string& description) override;
+
+ private:
+  NetNode& node_;
+};
+
+// The main loop's part, before each pass: one message off the game queue
+// when the role is not 0 and the queue holds any.
+void ServeGameQueue(NetNode& node);
+
+// The host's commands of the NetPlay window. team is 1 to 4.
+void AssignSeat(NetNode& node, int team, int toNode);
+void GiveSeatToComputer(NetNode& node, int team, int personality);
+// The question of the "Boot User" box for that node's player.
+std::string BootQuestion(const NetNode& node, int bootNode);
+// A reason empty after trimming cancels; so do node 0 and a free node.
+void BootNode(NetNode& node, int bootNode, const std::string& reason);
+// cmdChat: true when the line went out (the entry box is then emptied).
+bool SendChat(NetNode& node, const std::string& typed);
+
+// Seat captions (UpdatePlayerNames), the colour of a node's chat, and the
+// name the board shows for a human seat.
+PerTeam<std::string> SeatCaptions(const Game& game, const NetSession& session);
+Rgb PlayerColor(const Game& game, int node);
+std::string SeatPlayerName(const Game& game, const NetSession& session, int team);
+
+// The NetPlay error block in "error_netplay.log", with the yellow notice in
+// the chat the first time; the session goes on.
+void ReportNetError(NetNode& node, const std::string& sub, int number,
+                    const std::string& description);
+
+}  // namespace varkesh::net
