@@ -63,8 +63,6 @@ class SilentOutside : public Outside {
   void ShowPauseButton(bool) override {}
   void PlaySound(const std::string&) override {}
   std::string ExtractEntry(const std::string&) override { return kStartPosition; }
-  void SendToAll(const std::string&, int) override {}
-  void SendToClient(int, const std::string&) override {}
   void Yield() override {}
   double Now() override { return 0.0; }
   GeneralEngine& Engine() override { return engine_; }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/net_link.h"
 #include "core/types.h"
 
 namespace varkesh {
@@ -79,9 +80,15 @@ class Outside {
   // Path of a file that holds the pack entry.
   virtual std::string ExtractEntry(const std::string& entry) = 0;
 
-  // NetPlay: the message goes out with its end mark added.
-  virtual void SendToAll(const std::string& message, int skipNode) = 0;
-  virtual void SendToClient(int node, const std::string& message) = 0;
+  // NetPlay: through the link of the open session; nothing without one.
+  void AttachNetLink(NetLink* link) { netLink_ = link; }
+  NetLink* AttachedNetLink() const { return netLink_; }
+  void SendToAll(const std::string& message, int skipNode) {
+    if (netLink_) netLink_->SendToAll(message, skipNode);
+  }
+  void SendToClient(int node, const std::string& message) {
+    if (netLink_) netLink_->SendToClient(node, message);
+  }
 
   // Lets pending events run.
   virtual void Yield() = 0;
@@ -89,6 +96,9 @@ class Outside {
   virtual double Now() = 0;
   // Program folder, log level and logs.
   virtual GeneralEngine& Engine() = 0;
+
+ private:
+  NetLink* netLink_ = nullptr;
 };
 
 // Plays a pack sound if the player wants sound effects.

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
+#include <vector>
 
 #include "engine/general_engine.h"
 
@@ -27,20 +28,22 @@ std::string ErrorStamp() {
 
 }  // namespace
 
+void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName,
+                      const std::string& module, const std::string& sub, int errNum,
+                      const std::string& description) {
+  std::vector<std::string> lines = {"", "--------------------",
+                                    "Error Generated at: " + ErrorStamp() + " ..."};
+  if (!module.empty()) lines.push_back("Module = " + module);
+  lines.insert(lines.end(), {"Sub = " + sub, "ErrNum = " + std::to_string(errNum),
+                             "ErrDesc = " + description, "===================="});
+  // A log that cannot be written must not hide the fault from the player.
+  std::ofstream log(engine.appPath + fileName, std::ios::app | std::ios::binary);
+  for (const std::string& line : lines) log << line << "\r\n";
+}
+
 void ReportError(Outside& outside, const std::string& module, const std::string& sub, int errNum,
                  const std::string& description) {
-  const std::array<std::string, 8> lines = {"",
-                                            "--------------------",
-                                            "Error Generated at: " + ErrorStamp() + " ...",
-                                            "Module = " + module,
-                                            "Sub = " + sub,
-                                            "ErrNum = " + std::to_string(errNum),
-                                            "ErrDesc = " + description,
-                                            "===================="};
-  // A log that cannot be written must not hide the fault from the player.
-  std::ofstream log(outside.Engine().appPath + "error_main.log", std::ios::app | std::ios::binary);
-  for (const std::string& line : lines) log << line << "\r\n";
-  log.close();
+  AppendErrorBlock(outside.Engine(), "error_main.log", module, sub, errNum, description);
   outside.ShowMessage("Varkesh Error",
                       "An error has been detected with the game application.\n"
                       "Details are being written to a log file: 'error_main.log'");

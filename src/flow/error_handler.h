@@ -6,8 +6,15 @@
 #include <string>
 
 #include "core/outside.h"
+#include "engine/general_engine.h"
 
 namespace varkesh {
+
+// Appends the framed block of a fault to the log file fileName of the
+// program's log folder; an empty module leaves out the "Module = " line.
+void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName,
+                      const std::string& module, const std::string& sub, int errNum,
+                      const std::string& description);
 
 void ReportError(Outside& outside, const std::string& module, const std::string& sub,
                  int errNum, const std::string& description);

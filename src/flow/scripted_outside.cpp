@@ -27,7 +27,9 @@ ScriptedOutside::ScriptedOutside()
                {Menu::OptionIndicator, true},
                {Menu::OptionsShowComp, true},
                {Menu::OptionsHints, true},
-               {Menu::History0, true}} {}
+               {Menu::History0, true}} {
+  AttachNetLink(this);
+}
 
 ScriptedOutside::~ScriptedOutside() {
   pack_.reset();

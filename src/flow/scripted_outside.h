@@ -17,7 +17,7 @@ namespace varkesh {
 
 class PackReader;
 
-class ScriptedOutside : public Outside {
+class ScriptedOutside : public Outside, public NetLink {
  public:
   struct Message {
     std::string title;
@@ -91,6 +91,7 @@ class ScriptedOutside : public Outside {
   // From entryPaths, else from <appPath>r.opk, opened on first use and
   // extracted into a temporary folder that goes with this object.
   std::string ExtractEntry(const std::string& entry) override;
+  // Records what is sent while no session has attached a link of its own.
   void SendToAll(const std::string& message, int skipNode) override;
   void SendToClient(int node, const std::string& message) override;
   void Yield() override;

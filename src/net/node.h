@@ -1,12 +1,13 @@
 // One program's end of a NetPlay session: its game, its session record and
 // the ports it reaches the world through. The free functions here are the
 // session's procedures; the window, the headless node and the tests call
-// them, and the transport's events come in through SessionEvents.
+// them, and the transport's events come in through SessionLink.
 #pragma once
 
 #include <string>
 
 #include "core/game.h"
+#include "core/net_link.h"
 #include "core/outside.h"
 #include "net/net_view.h"
 #include "net/session.h"
@@ -22,6 +23,29 @@ struct NetNode {
   Transport& transport;
 };
 
+// Ties a node to its transport and its game: the transport's events come in
+// here, and the game's messages (Outside::SendToAll, SendToClient) go out
+// here, for as long as this object lives.
+class SessionLink final : public TransportEvents, public NetLink {
+ public:
+  explicit SessionLink(NetNode& node);
+  ~SessionLink() override;
+  SessionLink(const SessionLink&) = delete;
+  SessionLink& operator=(const SessionLink&) = delete;
+
+  void OnAccepted(ConnectionId connection) override;
+  void OnConnected(ConnectionId connection) override;
+  void OnData(ConnectionId connection, std::string_view bytes) override;
+  void OnClosed(ConnectionId connection) override;
+  void OnError(ConnectionId connection, int number, const std::string& description) override;
+
+  void SendToAll(const std::string& chunk, int skipNode) override;
+  void SendToClient(int clientNum, const std::string& chunk) override;
+
+ private:
+  NetNode& node_;
+};
+
 // Opening, with game.netRole at 1 (host) or 3 (client) and the dialog's
 // choices in game.localPlayerName, session.hostAddress and session.netPort.
 // A host that cannot listen reports it in the NetPlay error block and
@@ -32,33 +56,15 @@ void OpenAsClient(NetNode& node);
 // game menus enabled again. The game on the screen stays.
 void CloseSession(NetNode& node);
 
-// Each message goes out with its end mark. SendToAll is the host's: every
-// connected node from 1 up but skipNode (0 skips nobody).
-void SendToAll(NetNode& node, const std::string& chunk, int skipNode);
-void SendToClient(NetNode& node, int clientNum, const std::string& chunk);
-
-// The transport's events, turned into the session's procedures.
-class SessionEvents : public TransportEvents {
- public:
-  explicit SessionEvents(NetNode& node) : node_(node) {}
-  void OnAccepted(ConnectionId connection) override;
-  void OnConnected(ConnectionId connection) override;
-  void OnData(ConnectionId connection, std::string_view bytes) override;
-  void OnClosed(ConnectionId connection) override;
-  void OnError(ConnectionId connection, int number, const std::string& description) override;
-
- private:
-  NetNode& node_;
-};
-
-// The main loop's part, before each pass: one message off the game queue
-// when the role is not 0 and the queue holds any.
+// The main loop's part, before each pass (and not while paused): one message
+// off the game queue when the role is not 0 and the queue holds any.
 void ServeGameQueue(NetNode& node);
 
 // The host's commands of the NetPlay window. team is 1 to 4.
 void AssignSeat(NetNode& node, int team, int toNode);
 void GiveSeatToComputer(NetNode& node, int team, int personality);
-// The question of the "Boot User" box for that node's player.
+// The question of the "Boot User" box for that node's player; empty when
+// the node cannot be booted (the host's own line, a free node).
 std::string BootQuestion(const NetNode& node, int bootNode);
 // A reason empty after trimming cancels; so do node 0 and a free node.
 void BootNode(NetNode& node, int bootNode, const std::string& reason);

@@ -43,9 +43,6 @@ class QtOutside : public Outside {
   void ShowPauseButton(bool visible) override;
   void PlaySound(const std::string& entry) override;
   std::string ExtractEntry(const std::string& entry) override;
-  // This version has no NetPlay, so nothing is ever sent.
-  void SendToAll(const std::string&, int) override {}
-  void SendToClient(int, const std::string&) override {}
   void Yield() override;
   double Now() override;
   GeneralEngine& Engine() override { return services_.engine; }
