@@ -1,0 +1,222 @@
+#include "net/fake_network.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace varkesh::net {
+
+namespace {
+
+constexpr int kHighestPort = 65535;
+// A test whose endpoints keep answering each other forever fails instead of
+// hanging the run.
+constexpr int kMostDeliveries = 10'000'000;
+
+bool IsLoopbackName(const std::string& host) {
+  return host == "localhost" || host == "127.0.0.1" || host == "::1";
+}
+
+}  // namespace
+
+FakeTransport::FakeTransport(FakeNetwork& network, int index, std::string address)
+    : network_(network), index_(index), address_(std::move(address)) {}
+
+bool FakeTransport::Listen(int port, std::string& error) {
+  if (port < 1 || port > kHighestPort) {
+    error = "The port " + std::to_string(port) + " is out of range";
+    return false;
+  }
+  auto& listeners = network_.listeners_;
+  const auto taken = listeners.find(port);
+  if (taken != listeners.end() && taken->second != index_) {
+    error = "The bound address is already in use";
+    return false;
+  }
+  std::erase_if(listeners, [this](const auto& listener) { return listener.second == index_; });
+  listeners[port] = index_;
+  return true;
+}
+
+void FakeTransport::Connect(const std::string& host, int port) {
+  network_.Queue({FakeNetwork::Kind::kConnect, {index_, 0}, host, port, closeCount_});
+}
+
+void FakeTransport::Send(ConnectionId connection, std::string_view bytes) {
+  auto& ends = network_.ends_;
+  const auto end = ends.find({index_, connection});
+  if (end == ends.end() || bytes.empty()) return;
+  const auto peer = ends.find(end->second.peer);
+  if (peer == ends.end() || peer->second.closing != FakeNetwork::Closing::kNone) return;
+  peer->second.arrived.append(bytes);
+  network_.QueueService(peer->first);
+}
+
+void FakeTransport::Close(ConnectionId connection) {
+  if (connection != 0) {
+    network_.CloseEnd({index_, connection});
+    return;
+  }
+  ++closeCount_;
+  std::erase_if(network_.listeners_,
+                [this](const auto& listener) { return listener.second == index_; });
+  std::vector<FakeNetwork::EndKey> mine;
+  for (const auto& [key, end] : network_.ends_) {
+    if (key.first == index_) mine.push_back(key);
+  }
+  for (const auto& key : mine) network_.CloseEnd(key);
+}
+
+std::size_t FakeTransport::PendingBytes(ConnectionId connection) const {
+  const auto& ends = network_.ends_;
+  const auto end = ends.find({index_, connection});
+  if (end == ends.end()) return 0;
+  const auto peer = ends.find(end->second.peer);
+  return peer == ends.end() ? 0 : peer->second.arrived.size();
+}
+
+FakeTransport& FakeNetwork::AddEndpoint(const std::string& address) {
+  const int index = static_cast<int>(endpoints_.size());
+  endpoints_.push_back(std::make_unique<FakeTransport>(*this, index, address));
+  return *endpoints_.back();
+}
+
+int FakeNetwork::Pump() {
+  int deliveries = 0;
+  while (PumpOne()) {
+    if (++deliveries >= kMostDeliveries) {
+      throw std::runtime_error("the fake network never went quiet");
+    }
+  }
+  return deliveries;
+}
+
+bool FakeNetwork::PumpOne() {
+  if (queue_.empty()) return false;
+  const Delivery delivery = std::move(queue_.front());
+  queue_.pop_front();
+  switch (delivery.kind) {
+    case Kind::kConnect:
+      DeliverConnect(delivery);
+      break;
+    case Kind::kConnected:
+      if (ends_.contains(delivery.end)) {
+        if (TransportEvents* events = EventsOf(delivery.end.first)) {
+          events->OnConnected(delivery.end.second);
+        }
+      }
+      break;
+    case Kind::kService:
+      DeliverService(delivery.end);
+      break;
+  }
+  return true;
+}
+
+void FakeNetwork::Break(const FakeTransport& end, ConnectionId connection) {
+  const auto near = ends_.find({end.index_, connection});
+  if (near == ends_.end()) return;
+  for (const EndKey& key : {near->first, near->second.peer}) {
+    const auto broken = ends_.find(key);
+    if (broken == ends_.end()) continue;
+    broken->second.arrived.clear();
+    broken->second.closing = Closing::kBroken;
+    QueueService(key);
+  }
+}
+
+void FakeNetwork::Queue(Delivery delivery) {
+  queue_.push_back(std::move(delivery));
+}
+
+void FakeNetwork::QueueService(const EndKey& key) {
+  const auto end = ends_.find(key);
+  if (end == ends_.end() || end->second.serviceQueued) return;
+  end->second.serviceQueued = true;
+  queue_.push_back({Kind::kService, key, {}, 0, 0});
+}
+
+void FakeNetwork::DeliverConnect(const Delivery& delivery) {
+  const int clientIndex = delivery.end.first;
+  FakeTransport* client = Endpoint(clientIndex);
+  if (delivery.closeCount != client->closeCount_) return;
+  TransportEvents* clientEvents = client->Events();
+
+  const bool known = IsLoopbackName(delivery.host) ||
+                     std::any_of(endpoints_.begin(), endpoints_.end(), [&](const auto& endpoint) {
+                       return endpoint->address_ == delivery.host;
+                     });
+  if (!known) {
+    if (clientEvents != nullptr) {
+      clientEvents->OnError(0, kFakeHostNotFound, "Host " + delivery.host + " not found");
+    }
+    return;
+  }
+  const auto listener = listeners_.find(delivery.port);
+  if (listener == listeners_.end() || !Reaches(delivery.host, listener->second)) {
+    if (clientEvents != nullptr)
+      clientEvents->OnError(0, kFakeConnectionRefused, "Connection refused");
+    return;
+  }
+
+  const int hostIndex = listener->second;
+  const EndKey clientEnd{clientIndex, ++client->lastConnection_};
+  const EndKey hostEnd{hostIndex, ++Endpoint(hostIndex)->lastConnection_};
+  ends_[clientEnd].peer = hostEnd;
+  ends_[hostEnd].peer = clientEnd;
+  // Queued before the host hears of it, so that the client knows its
+  // connection before anything the host sends on it arrives.
+  Queue({Kind::kConnected, clientEnd, {}, 0, 0});
+  if (TransportEvents* hostEvents = EventsOf(hostIndex)) hostEvents->OnAccepted(hostEnd.second);
+}
+
+void FakeNetwork::DeliverService(const EndKey& key) {
+  const auto found = ends_.find(key);
+  if (found == ends_.end()) return;
+  End& end = found->second;
+  end.serviceQueued = false;
+  TransportEvents* events = EventsOf(key.first);
+
+  if (!end.arrived.empty()) {
+    const std::size_t size =
+        chunkSize_ == 0 ? end.arrived.size() : std::min(chunkSize_, end.arrived.size());
+    const std::string piece = end.arrived.substr(0, size);
+    end.arrived.erase(0, size);
+    if (!end.arrived.empty() || end.closing != Closing::kNone) QueueService(key);
+    if (events != nullptr) events->OnData(key.second, piece);
+    return;
+  }
+  if (end.closing == Closing::kNone) return;
+
+  if (end.closing == Closing::kBroken && events != nullptr) {
+    events->OnError(key.second, kFakeNetworkError, "The connection broke");
+  }
+  // The error's handler may have closed the connection itself.
+  if (!ends_.contains(key)) return;
+  ends_.erase(key);
+  if (events != nullptr) events->OnClosed(key.second);
+}
+
+void FakeNetwork::CloseEnd(const EndKey& key) {
+  const auto end = ends_.find(key);
+  if (end == ends_.end()) return;
+  const EndKey peerKey = end->second.peer;
+  ends_.erase(end);
+  const auto peer = ends_.find(peerKey);
+  if (peer == ends_.end() || peer->second.closing != Closing::kNone) return;
+  peer->second.closing = Closing::kInOrder;
+  QueueService(peerKey);
+}
+
+FakeTransport* FakeNetwork::Endpoint(int index) const {
+  return endpoints_.at(static_cast<std::size_t>(index)).get();
+}
+
+TransportEvents* FakeNetwork::EventsOf(int index) const {
+  return Endpoint(index)->Events();
+}
+
+bool FakeNetwork::Reaches(const std::string& host, int index) const {
+  return IsLoopbackName(host) || Endpoint(index)->address_ == host;
+}
+
+}  // namespace varkesh::net

@@ -1,0 +1,109 @@
+// An in-process network for tests: endpoints that are Transports, joined by
+// connections whose bytes and events wait in one queue until the test pumps
+// them, so that every run delivers the same things in the same order.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "net/transport.h"
+
+namespace varkesh::net {
+
+// The numbers QtTransport reports for the same failures.
+inline constexpr int kFakeConnectionRefused = 0;
+inline constexpr int kFakeHostNotFound = 2;
+inline constexpr int kFakeNetworkError = 7;
+
+class FakeNetwork;
+
+class FakeTransport final : public Transport {
+ public:
+  FakeTransport(FakeNetwork& network, int index, std::string address);
+
+  bool Listen(int port, std::string& error) override;
+  void Connect(const std::string& host, int port) override;
+  void Send(ConnectionId connection, std::string_view bytes) override;
+  void Close(ConnectionId connection) override;
+  std::size_t PendingBytes(ConnectionId connection) const override;
+  std::string LocalAddress() const override { return address_; }
+
+ private:
+  friend class FakeNetwork;
+  TransportEvents* Events() const { return events(); }
+
+  FakeNetwork& network_;
+  int index_;
+  std::string address_;
+  ConnectionId lastConnection_ = 0;
+  int closeCount_ = 0;  // raised by Close(0); connects begun before it are void
+};
+
+class FakeNetwork {
+ public:
+  FakeNetwork() = default;
+  FakeNetwork(const FakeNetwork&) = delete;
+  FakeNetwork& operator=(const FakeNetwork&) = delete;
+
+  // A new endpoint, reachable by its address; "localhost", "127.0.0.1" and
+  // "::1" reach every endpoint, since they all share one set of ports.
+  FakeTransport& AddEndpoint(const std::string& address = "127.0.0.1");
+
+  // Delivers everything pending, including what the deliveries cause, until
+  // the network is quiet; returns the number of deliveries.
+  int Pump();
+  // One delivery; false when nothing was pending.
+  bool PumpOne();
+
+  // Bytes reach the far side in pieces of at most this many; 0 (the start)
+  // hands over all that has arrived in one piece.
+  void SetChunkSize(std::size_t bytes) { chunkSize_ = bytes; }
+  // The connection fails at once: bytes on the way are lost, and both ends
+  // hear an error followed by the close.
+  void Break(const FakeTransport& end, ConnectionId connection);
+
+ private:
+  friend class FakeTransport;
+
+  using EndKey = std::pair<int, ConnectionId>;  // endpoint index, connection
+  enum class Closing { kNone, kInOrder, kBroken };
+  // One end of a connection: what has arrived for it and not yet been handed
+  // to its endpoint, and how the far side went away.
+  struct End {
+    EndKey peer;
+    std::string arrived;
+    Closing closing = Closing::kNone;
+    bool serviceQueued = false;
+  };
+  enum class Kind { kConnect, kConnected, kService };
+  struct Delivery {
+    Kind kind;
+    EndKey end;  // kConnect: the connecting endpoint, and no connection
+    std::string host;
+    int port = 0;
+    int closeCount = 0;
+  };
+
+  void Queue(Delivery delivery);
+  void QueueService(const EndKey& key);
+  void DeliverConnect(const Delivery& delivery);
+  void DeliverService(const EndKey& key);
+  // Drops this end; the far side hears the close after what it still has.
+  void CloseEnd(const EndKey& key);
+  FakeTransport* Endpoint(int index) const;
+  TransportEvents* EventsOf(int index) const;
+  bool Reaches(const std::string& host, int index) const;
+
+  std::vector<std::unique_ptr<FakeTransport>> endpoints_;
+  std::map<int, int> listeners_;  // port to endpoint index
+  std::map<EndKey, End> ends_;
+  std::deque<Delivery> queue_;
+  std::size_t chunkSize_ = 0;
+};
+
+}  // namespace varkesh::net
