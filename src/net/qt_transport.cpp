@@ -26,6 +26,12 @@ QString HostName(const std::string& host) {
   return name;
 }
 
+// The messages are small and each is awaited by a player: a short one must
+// not wait for the acknowledgement of the one before.
+void SendAtOnce(QTcpSocket* socket) {
+  socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+}
+
 }  // namespace
 
 QtTransport::QtTransport(QObject* parent) : QObject(parent) {}
@@ -122,6 +128,7 @@ std::string QtTransport::LocalAddress() const {
 }
 
 ConnectionId QtTransport::Adopt(QTcpSocket* socket, bool established) {
+  if (established) SendAtOnce(socket);
   const ConnectionId connection = ++lastConnection_;
   links_[connection] = Link{socket, established};
   connect(socket, &QTcpSocket::readyRead, this, [this, connection] { ReadAll(connection); });
@@ -164,6 +171,7 @@ void QtTransport::SocketConnected(ConnectionId connection) {
   const auto link = links_.find(connection);
   if (link == links_.end()) return;
   link->second.established = true;
+  SendAtOnce(link->second.socket);
   if (events() != nullptr) events()->OnConnected(connection);
 }
 
