@@ -132,6 +132,14 @@ TEST_F(QtTransportTest, AClosedConnectionIsHeardOnlyOnTheOtherSide) {
                                                        "closed " + std::to_string(leaver),
                                                        "accepted " + std::to_string(bootee)}));
   EXPECT_TRUE(booted.events.received.empty());
+
+  // A program that ends without closing: its connection is dropped at once.
+  auto vanishing = std::make_unique<Client>();
+  const ConnectionId vanished = Join(*vanishing);
+  vanishing.reset();
+  const std::string gone = "closed " + std::to_string(vanished);
+  ASSERT_TRUE(WaitUntil([&] { return hostEvents_.log.back() == gone; }));
+  EXPECT_EQ(hostEvents_.log.end()[-2], "accepted " + std::to_string(vanished));
 }
 
 TEST_F(QtTransportTest, CloseZeroEndsTheListenerAndEveryConnection) {
