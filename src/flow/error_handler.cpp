@@ -28,16 +28,17 @@ std::string ErrorStamp() {
 
 }  // namespace
 
-void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName,
-                      const std::string& module, const std::string& sub, int errNum,
-                      const std::string& description) {
+void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName, const std::string& module,
+                      const std::string& sub, int errNum, const std::string& description) {
   std::vector<std::string> lines = {"", "--------------------",
                                     "Error Generated at: " + ErrorStamp() + " ..."};
   if (!module.empty()) lines.push_back("Module = " + module);
   lines.insert(lines.end(), {"Sub = " + sub, "ErrNum = " + std::to_string(errNum),
                              "ErrDesc = " + description, "===================="});
+  const std::string path = LogFile(engine, fileName);
+  if (path.empty()) return;
   // A log that cannot be written must not hide the fault from the player.
-  std::ofstream log(engine.appPath + fileName, std::ios::app | std::ios::binary);
+  std::ofstream log(path, std::ios::app | std::ios::binary);
   for (const std::string& line : lines) log << line << "\r\n";
 }
 
