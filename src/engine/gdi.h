@@ -75,6 +75,9 @@ class Gdi {
   // What the view's window shows, at the window's size: its paint event
   // draws from here. The reference stays good until ShutdownGraphics.
   const QImage& ScreenImage(int view) const;
+  // Brings the window up to date with the back buffer. Only pixels that
+  // differ from the last show are copied and repainted, so an unchanged
+  // frame costs no drawing at all; a minimized window is not drawn.
   void ShowViewport(int view);
 
   void Blit(PicNum source, int srcX, int srcY, int width, int height, PicNum target, int dstX,
@@ -111,6 +114,7 @@ class Gdi {
     PicNum backBuffer = -1;
     DirtyEdges dirty;
     QImage screen;
+    QImage lastShown;  // the back buffer as it was last shown
   };
 
   void Log(int minLevel, const std::string& text);

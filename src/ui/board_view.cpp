@@ -2,9 +2,11 @@
 
 #include <QString>
 #include <array>
+#include <exception>
 #include <utility>
 
 #include "engine/general_engine.h"
+#include "flow/error_handler.h"
 #include "ui/board_layout.h"
 
 namespace varkesh {
@@ -200,7 +202,13 @@ void BoardView::UpdateFrameRate() {
 void BoardView::LoadTitle() {
   title_ = gdi_.NewPicNum();
   LogStartUpStep(engine_, "+ Picture to Load: titlescreen");
-  gdi_.LoadPicture(title_, hooks_.entryPath("titlescreen"));
+  // Without its picture the title shows what was there; the fault is logged
+  // once and the player can still click on.
+  try {
+    gdi_.LoadPicture(title_, hooks_.entryPath("titlescreen"));
+  } catch (const std::exception& error) {
+    AppendErrorBlock(engine_, "error_main.log", "modVarkesh", "LoadTitle", 1, error.what());
+  }
 }
 
 void BoardView::ShowTitle() {

@@ -55,7 +55,8 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
 
 ViewWindow ViewWidget::AsViewWindow() {
   return ViewWindow{
-      [this] { return contentsRect().size(); },
+      // Nothing is drawn for a window the player cannot see.
+      [this] { return window()->isMinimized() || !isVisible() ? QSize() : contentsRect().size(); },
       [this](const QRect& shown) { update(shown.translated(contentsRect().topLeft())); }};
 }
 
