@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QRect>
 #include <QSize>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -72,6 +73,9 @@ class Gdi {
   void AttachWindow(int view, ViewWindow window);
   PicNum BackBuffer(int view) const;
   DirtyEdges Dirty(int view) const;
+  // How many times anything was drawn on the view's back buffer: the same
+  // count twice means it holds the same picture.
+  std::uint64_t DrawsOn(int view) const;
   // What the view's window shows, at the window's size: its paint event
   // draws from here. The reference stays good until ShutdownGraphics.
   const QImage& ScreenImage(int view) const;
@@ -115,6 +119,7 @@ class Gdi {
     DirtyEdges dirty;
     QImage screen;
     QImage lastShown;  // the back buffer as it was last shown
+    std::uint64_t draws = 0;
   };
 
   void Log(int minLevel, const std::string& text);

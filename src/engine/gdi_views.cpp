@@ -65,6 +65,11 @@ DirtyEdges Gdi::Dirty(int view) const {
   return rec ? rec->dirty : DirtyEdges{};
 }
 
+std::uint64_t Gdi::DrawsOn(int view) const {
+  const ViewRec* rec = View(view);
+  return rec ? rec->draws : 0;
+}
+
 const QImage& Gdi::ScreenImage(int view) const {
   const ViewRec* rec = View(view);
   return rec ? rec->screen : none_;

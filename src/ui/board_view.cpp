@@ -177,6 +177,9 @@ void BoardView::DrawMarker(int cellX, int row, int x, int y) {
 }
 
 void BoardView::DrawHint(Game&, Hint hint) {
+  // Asked for on each pass while the player thinks: a hint still standing
+  // as drawn is not drawn again.
+  if (hintDrawn_ && *hintDrawn_ == std::pair(hint, gdi_.DrawsOn(art_.view))) return;
   PicNum picture = hint == Hint::ChoosePiece  ? art_.hintPiece
                    : hint == Hint::ChooseMove ? art_.hintMove
                                               : art_.hintConfirm;
@@ -184,6 +187,7 @@ void BoardView::DrawHint(Game&, Hint hint) {
             kHintCorner.y, RasterOp::And);
   gdi_.Blit(picture, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x, kHintCorner.y,
             RasterOp::Or);
+  hintDrawn_ = std::pair(hint, gdi_.DrawsOn(art_.view));
 }
 
 void BoardView::ShowViewport() {
@@ -201,6 +205,7 @@ void BoardView::UpdateFrameRate() {
 
 void BoardView::LoadTitle() {
   title_ = gdi_.NewPicNum();
+  titleDrawn_.reset();
   LogStartUpStep(engine_, "+ Picture to Load: titlescreen");
   // Without its picture the title shows what was there; the fault is logged
   // once and the player can still click on.
@@ -212,8 +217,13 @@ void BoardView::LoadTitle() {
 }
 
 void BoardView::ShowTitle() {
-  gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer, 0,
-            0, RasterOp::Copy);
+  // Shown on each pass of the title: copied again only when something was
+  // drawn over it.
+  if (titleDrawn_ != gdi_.DrawsOn(art_.view)) {
+    gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
+              0, 0, RasterOp::Copy);
+    titleDrawn_ = gdi_.DrawsOn(art_.view);
+  }
   gdi_.ShowViewport(art_.view);
 }
 

@@ -38,7 +38,9 @@ int main(int argc, char** argv) {
   varkesh::BeginRun(program, commandLine);
 
   varkesh::ProgramLoop loop(program);
-  QObject::connect(&loop, &varkesh::ProgramLoop::Ended, &app, &QCoreApplication::quit);
+  // exit, not quit: quit would ask the window to close once more, and a stop
+  // by signal comes while the window still stands.
+  QObject::connect(&loop, &varkesh::ProgramLoop::Ended, &app, [] { QCoreApplication::exit(0); });
   loop.Start();
   return app.exec();
 }

@@ -106,7 +106,10 @@ std::unique_ptr<BoardView> LoadBoard(Program& program) {
       BoardViewHooks{entryPath, [&window](Menu menu) { return window.IsMenuChecked(menu); },
                      [&engine] { return EngineClock(engine); },
                      [&frameRate](const std::string& text) {
-                       frameRate.setText(QString::fromStdString(text));
+                       // Asked on each pass; a hidden or unchanged label costs nothing.
+                       const QString shown = QString::fromStdString(text);
+                       if (!frameRate.isHidden() && frameRate.text() != shown)
+                         frameRate.setText(shown);
                      }});
 }
 
