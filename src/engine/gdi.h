@@ -76,6 +76,8 @@ class Gdi {
   // How many times anything was drawn on the view's back buffer: the same
   // count twice means it holds the same picture.
   std::uint64_t DrawsOn(int view) const;
+  // False while the view's window cannot be seen (minimized).
+  bool ViewSeen(int view) const;
   // What the view's window shows, at the window's size: its paint event
   // draws from here. The reference stays good until ShutdownGraphics.
   const QImage& ScreenImage(int view) const;

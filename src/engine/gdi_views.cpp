@@ -70,6 +70,11 @@ std::uint64_t Gdi::DrawsOn(int view) const {
   return rec ? rec->draws : 0;
 }
 
+bool Gdi::ViewSeen(int view) const {
+  const ViewRec* rec = View(view);
+  return rec && (!rec->window.innerSize || !rec->window.innerSize().isEmpty());
+}
+
 const QImage& Gdi::ScreenImage(int view) const {
   const ViewRec* rec = View(view);
   return rec ? rec->screen : none_;

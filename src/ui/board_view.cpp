@@ -128,6 +128,8 @@ void BoardView::DrawDungeons(Game& game) {
 
 void BoardView::DrawSquares(Game& game) {
   if (!hooks_.isMenuChecked(Menu::OptionIndicator) || game.moveablePieces.Count() < 1) return;
+  // A strobe nobody can see is not drawn; it comes back with the window.
+  if (!gdi_.ViewSeen(art_.view)) return;
   double now = hooks_.clock();
   if (now - strobeLastDrawn_ <= kStrobeInterval) return;
   // The base's shading takes the strobe's present colour.
