@@ -2,12 +2,16 @@
 # Measures how much of one core the game takes while nothing happens:
 # the title screen, a human pondering (strobe and hints on), a paused game of
 # computer seats, and a minimised window. Needs Xvfb, xdotool and
-# matchbox-window-manager (for minimising).
-#   scripts/idle-cpu.sh BIN_DIR [SECONDS]
-# BIN_DIR holds varkesh and varkesh-cli (a build's bin or an installed bin).
+# openbox (a window manager that minimises as desktops do).
+#   scripts/idle-cpu.sh BIN_DIR [SECONDS [SCENARIO...]]
+# BIN_DIR holds varkesh and varkesh-cli (a build's bin or an installed bin);
+# the scenarios are title, pondering, paused and minimised, all by default.
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 seconds=${2:-20}
+scenarios=" ${*:3} "
+[ "$scenarios" = "  " ] && scenarios=" title pondering paused minimised "
+wanted() { [[ "$scenarios" == *" $1 "* ]]; }
 work=$(mktemp -d)
 trap 'kill "${game:-0}" "${wm:-0}" "${xvfb:-0}" 2>/dev/null || true; rm -rf "$work"' EXIT
 
@@ -15,7 +19,7 @@ export DISPLAY=:57
 Xvfb "$DISPLAY" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
 xvfb=$!
 sleep 1
-matchbox-window-manager -use_titlebar no >/dev/null 2>&1 &
+openbox >/dev/null 2>&1 &
 wm=$!
 sleep 0.5
 
@@ -54,24 +58,32 @@ stop_game() {
 
 window_of_game() { xdotool search --sync --onlyvisible --pid "$game" --name '^Varkesh$' | head -1; }
 
-start_game
-echo "title: $(measure)%"
-stop_game
+if wanted title; then
+  start_game
+  echo "title: $(measure)%"
+  stop_game
+fi
 
-start_game "$work/humans.vsh"
-sleep 10  # the hint appears after ten seconds of thought
-echo "pondering: $(measure)%"
-stop_game
+if wanted pondering; then
+  start_game "$work/humans.vsh"
+  sleep 10  # the hint appears after ten seconds of thought
+  echo "pondering: $(measure)%"
+  stop_game
+fi
 
-start_game "$work/computers.vsh"
-# The Pause button sits at the top left corner of the board view.
-xdotool mousemove --window "$(window_of_game)" 30 78 click 1
-sleep 1
-echo "paused: $(measure)%"
-stop_game
+if wanted paused; then
+  start_game "$work/computers.vsh"
+  # The Pause button sits at the top left corner of the board view.
+  xdotool mousemove --window "$(window_of_game)" 30 78 click 1
+  sleep 1
+  echo "paused: $(measure)%"
+  stop_game
+fi
 
-start_game "$work/humans.vsh"
-xdotool windowminimize --sync "$(window_of_game)"
-sleep 1
-echo "minimised: $(measure)%"
-stop_game
+if wanted minimised; then
+  start_game "$work/humans.vsh"
+  xdotool windowminimize --sync "$(window_of_game)"
+  sleep 1
+  echo "minimised: $(measure)%"
+  stop_game
+fi

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QWindow>
 #include <cmath>
 
 namespace varkesh {
@@ -53,10 +54,16 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   game_.clickY = SquareOfClick(at.y(), inner.height());
 }
 
+bool ViewWidget::Seen() const {
+  // Minimized or unmapped, the window is not exposed, whatever its state says.
+  const QWindow* handle = window()->windowHandle();
+  return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed();
+}
+
 ViewWindow ViewWidget::AsViewWindow() {
   return ViewWindow{
       // Nothing is drawn for a window the player cannot see.
-      [this] { return window()->isMinimized() || !isVisible() ? QSize() : contentsRect().size(); },
+      [this] { return Seen() ? contentsRect().size() : QSize(); },
       [this](const QRect& shown) { update(shown.translated(contentsRect().topLeft())); }};
 }
 
