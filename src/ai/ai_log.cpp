@@ -7,7 +7,7 @@ namespace varkesh {
 AiLog OpenAiLog(Outside& outside) {
   GeneralEngine& engine = outside.Engine();
   if (engine.logLevel <= 2) return {};
-  return {&engine, OpenLog(engine, engine.appPath + "ai.log", true)};
+  return {&engine, OpenLog(engine, LogFile(engine, "ai.log"), true)};
 }
 
 void WriteAiLog(const AiLog& log, const std::string& line) {

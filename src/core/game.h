@@ -9,10 +9,14 @@
 
 namespace varkesh {
 
+// The last round a game counts to: a saved game may hold it, and play never
+// passes it, so the count cannot overflow.
+inline constexpr int kHighestRound = 999'999'999;
+
 struct Game {
   // The game itself; what a saved game stores.
   Board board;
-  PerTeam<Dungeon> dungeons;  // by captor
+  PerTeam<Dungeon> dungeons;             // by captor
   std::array<HistoryMove, 3> history{};  // index 0 the newest
   int gameType = kAlliedNeighbors;
   int kingCaptureRule = kKingdomGained;

@@ -12,7 +12,7 @@ void StepToNextTeam(Game& game) {
   ++game.currentTeam;
   if (TeamIndex(game.currentTeam) < 0) {
     game.currentTeam = kWhite;
-    ++game.roundNumber;
+    if (game.roundNumber < kHighestRound) ++game.roundNumber;
   }
 }
 

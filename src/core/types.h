@@ -163,6 +163,8 @@ template <class T>
 using PerTeam = std::array<T, kTeamCount>;
 
 // Index into a per-team array, or -1 for a value that names no team.
-constexpr int TeamIndex(int team) { return team >= 1 && team <= kTeamCount ? team - 1 : -1; }
+constexpr int TeamIndex(int team) {
+  return team >= 1 && team <= kTeamCount ? team - 1 : -1;
+}
 
 }  // namespace varkesh

@@ -164,6 +164,7 @@ const QImage& Gdi::Picture(PicNum pic) const {
 void Gdi::GrowDirty(PicNum target, const QRect& area) {
   ViewRec* view = View(pictures_[target].viewNum);
   if (!view) return;
+  ++view->draws;
   DirtyEdges& dirty = view->dirty;
   dirty.left = std::min(dirty.left, area.left());
   dirty.top = std::min(dirty.top, area.top());
@@ -197,8 +198,10 @@ void Gdi::FillPicture(PicNum pic, Rgb colour) {
   PicRec* rec = Pic(pic);
   if (!rec || !rec->valid) return;
   rec->image.fill(QColor(colour.red, colour.green, colour.blue));
-  if (ViewRec* view = View(rec->viewNum))
+  if (ViewRec* view = View(rec->viewNum)) {
     view->dirty = {0, 0, rec->image.width(), rec->image.height()};
+    ++view->draws;
+  }
 }
 
 void Gdi::DrawText(PicNum pic, const FontDescription& font, Rgb colour, int x, int y,

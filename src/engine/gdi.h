@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QRect>
 #include <QSize>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -72,9 +73,17 @@ class Gdi {
   void AttachWindow(int view, ViewWindow window);
   PicNum BackBuffer(int view) const;
   DirtyEdges Dirty(int view) const;
+  // How many times anything was drawn on the view's back buffer: the same
+  // count twice means it holds the same picture.
+  std::uint64_t DrawsOn(int view) const;
+  // False while the view's window cannot be seen (minimized).
+  bool ViewSeen(int view) const;
   // What the view's window shows, at the window's size: its paint event
   // draws from here. The reference stays good until ShutdownGraphics.
   const QImage& ScreenImage(int view) const;
+  // Brings the window up to date with the back buffer. Only pixels that
+  // differ from the last show are copied and repainted, so an unchanged
+  // frame costs no drawing at all; a minimized window is not drawn.
   void ShowViewport(int view);
 
   void Blit(PicNum source, int srcX, int srcY, int width, int height, PicNum target, int dstX,
@@ -111,6 +120,8 @@ class Gdi {
     PicNum backBuffer = -1;
     DirtyEdges dirty;
     QImage screen;
+    QImage lastShown;  // the back buffer as it was last shown
+    std::uint64_t draws = 0;
   };
 
   void Log(int minLevel, const std::string& text);

@@ -1,11 +1,39 @@
 // Views: a back buffer each, shown in a window through its dirty rectangle.
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 #include "engine/gdi.h"
 #include "engine/general_engine.h"
 
 namespace varkesh {
+
+namespace {
+
+// The smallest rectangle of area that holds every pixel where now and before
+// differ; empty when they agree. Pictures that cannot be compared count as
+// all changed.
+QRect ChangedArea(const QImage& now, const QImage& before, const QRect& area) {
+  if (before.size() != now.size() || before.format() != now.format() || now.depth() != 32)
+    return area;
+  int top = -1, bottom = -1, left = area.right() + 1, right = area.left() - 1;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const auto* a = reinterpret_cast<const quint32*>(now.constScanLine(y));
+    const auto* b = reinterpret_cast<const quint32*>(before.constScanLine(y));
+    int first = area.left();
+    while (first <= area.right() && a[first] == b[first]) ++first;
+    if (first > area.right()) continue;
+    int last = area.right();
+    while (a[last] == b[last]) --last;
+    if (top < 0) top = y;
+    bottom = y;
+    left = std::min(left, first);
+    right = std::max(right, last);
+  }
+  return top < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+}  // namespace
 
 int Gdi::NewViewport(const std::string& windowName, int width, int height) {
   Log(1, ">> New Viewport Initialized: " + windowName + " <<");
@@ -37,6 +65,16 @@ DirtyEdges Gdi::Dirty(int view) const {
   return rec ? rec->dirty : DirtyEdges{};
 }
 
+std::uint64_t Gdi::DrawsOn(int view) const {
+  const ViewRec* rec = View(view);
+  return rec ? rec->draws : 0;
+}
+
+bool Gdi::ViewSeen(int view) const {
+  const ViewRec* rec = View(view);
+  return rec && (!rec->window.innerSize || !rec->window.innerSize().isEmpty());
+}
+
 const QImage& Gdi::ScreenImage(int view) const {
   const ViewRec* rec = View(view);
   return rec ? rec->screen : none_;
@@ -47,22 +85,32 @@ void Gdi::ShowViewport(int view) {
   if (!rec || !IsValid(rec->backBuffer)) return;
   const QImage& back = pictures_[rec->backBuffer].image;
   QSize windowSize = rec->window.innerSize ? rec->window.innerSize() : back.size();
-  if (windowSize.isEmpty()) return;  // a minimized window shows nothing
+  // A minimized window shows nothing; what changes meanwhile stays dirty.
+  if (windowSize.isEmpty()) return;
 
+  const DirtyEdges& d = rec->dirty;
+  // The edges themselves are inside, hence one pixel more than their difference.
+  const QRect dirty = QRect(QPoint(d.left, d.top), QPoint(d.right, d.bottom)) & back.rect();
+  const QRect changed = dirty.isEmpty() ? QRect() : ChangedArea(back, rec->lastShown, dirty);
+  rec->dirty = {};
   bool freshScreen = rec->screen.size() != windowSize;
+  if (!freshScreen && changed.isEmpty()) return;
+  if (rec->lastShown.size() != back.size() || rec->lastShown.format() != back.format()) {
+    rec->lastShown = back.copy();
+  } else if (!changed.isEmpty()) {
+    QPainter painter(&rec->lastShown);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(changed.topLeft(), back, changed);
+  }
+
   if (freshScreen) rec->screen = QImage(windowSize, QImage::Format_RGB32);
   QRect shown = rec->screen.rect();
   {
     QPainter painter(&rec->screen);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (windowSize == back.size()) {
-      // The edges themselves are inside, hence one pixel more than their difference.
-      if (!freshScreen) {
-        const DirtyEdges& d = rec->dirty;
-        shown = QRect(QPoint(d.left, d.top), QPoint(d.right, d.bottom)) & back.rect();
-      }
+      if (!freshScreen) shown = changed;
       painter.drawImage(shown.topLeft(), back, shown);
-      rec->dirty = {};
     } else {
       painter.setRenderHint(QPainter::SmoothPixmapTransform);
       painter.drawImage(rec->screen.rect(), back);

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
-#include <stdexcept>
 
 namespace varkesh {
 
@@ -11,12 +10,16 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-// Every write opens and closes the file, so a crash never loses a logged line.
+// Every write opens and closes the file, so a crash never loses a logged line;
+// a write that fails is dropped, as a log must never stop the game.
 void AppendToFile(const std::string& path, const std::string& text, bool append) {
   std::ofstream file(path, std::ios::binary | (append ? std::ios::app : std::ios::trunc));
-  if (!file) throw std::runtime_error("Cannot open the log file '" + path + "'");
   file << text;
-  if (!file.flush()) throw std::runtime_error("Cannot write the log file '" + path + "'");
+}
+
+std::string WithSlash(std::string folder) {
+  if (!folder.empty() && folder.back() != '/') folder += '/';
+  return folder;
 }
 
 // The path of an open log, or nullptr for a number out of range or closed.
@@ -41,14 +44,35 @@ std::string LogStamp() {
   return text;
 }
 
+std::string LogFile(const GeneralEngine& engine, const std::string& fileName) {
+  if (engine.logsOff) return {};
+  return (engine.logPath.empty() ? engine.appPath : engine.logPath) + fileName;
+}
+
+std::string TempFile(const GeneralEngine& engine, const std::string& fileName) {
+  return (engine.tempPath.empty() ? engine.appPath : engine.tempPath) + fileName;
+}
+
+std::string DocumentFile(const GeneralEngine& engine, const std::string& fileName) {
+  return (engine.documentsPath.empty() ? engine.appPath : engine.documentsPath) + fileName;
+}
+
 void StartGeneralEngine(GeneralEngine& engine, int logLevel, const std::string& appPath) {
-  engine.appPath = appPath;
-  if (engine.appPath.empty() || engine.appPath.back() != '/') engine.appPath += '/';
+  const std::string folder = appPath.empty() ? "/" : WithSlash(appPath);
+  StartGeneralEngine(engine, logLevel, folder, folder, folder);
+}
+
+void StartGeneralEngine(GeneralEngine& engine, int logLevel, const std::string& appPath,
+                        const std::string& logPath, const std::string& tempPath) {
+  engine.appPath = appPath.empty() ? "/" : WithSlash(appPath);
+  engine.logPath = WithSlash(logPath);
+  engine.logsOff = logPath.empty();
+  engine.tempPath = WithSlash(tempPath);
   engine.start = std::chrono::steady_clock::now();
   engine.logLevel = logLevel;
   engine.engineLogNumber = 0;
   if (logLevel <= 0) return;
-  engine.engineLogNumber = OpenLog(engine, engine.appPath + "engine.log", false);
+  engine.engineLogNumber = OpenLog(engine, LogFile(engine, "engine.log"), false);
   WriteLog(engine, engine.engineLogNumber, "> OstrelGames General Engine Started <", true);
   WriteLog(engine, engine.engineLogNumber, "     Log Level = " + std::to_string(logLevel), true);
   WriteLog(engine, engine.engineLogNumber, "", false);

@@ -35,8 +35,10 @@ void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName, const 
   if (!module.empty()) lines.push_back("Module = " + module);
   lines.insert(lines.end(), {"Sub = " + sub, "ErrNum = " + std::to_string(errNum),
                              "ErrDesc = " + description, "===================="});
+  const std::string path = LogFile(engine, fileName);
+  if (path.empty()) return;
   // A log that cannot be written must not hide the fault from the player.
-  std::ofstream log(engine.appPath + fileName, std::ios::app | std::ios::binary);
+  std::ofstream log(path, std::ios::app | std::ios::binary);
   for (const std::string& line : lines) log << line << "\r\n";
 }
 

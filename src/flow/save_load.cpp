@@ -43,7 +43,7 @@ class ScratchFile {
 };
 
 std::string TempSavePath(Outside& outside) {
-  return outside.Engine().appPath + "temp.sav";
+  return TempFile(outside.Engine(), "temp.sav");
 }
 
 // The coded file is written beside the old one and renamed over it, so a
@@ -90,7 +90,7 @@ std::string ProposedSaveName(const Game& game, Outside& outside) {
   std::string name;
   for (char c : game.gameName)
     if (std::isalnum(static_cast<unsigned char>(c)) || c == '_') name += c;
-  return outside.Engine().appPath + name + kExtension;
+  return DocumentFile(outside.Engine(), name + kExtension);
 }
 
 }  // namespace
@@ -150,7 +150,8 @@ void SaveGameCommand(Game& game, Outside& outside) {
 
 void LoadGameCommand(Game& game, Outside& outside) {
   if (!game.gameSaved && !outside.AskYesNo("Load Different Game?", kLoadQuestion)) return;
-  std::string path = outside.LoadFileDialog("Load Game ...", kFilter, "");
+  std::string path =
+      outside.LoadFileDialog("Load Game ...", kFilter, DocumentFile(outside.Engine(), ""));
   if (path.empty()) return;
   if (!TryLoadGame(game, outside, path)) return;
   game.saveFilePath = path;

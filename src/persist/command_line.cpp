@@ -1,65 +1,97 @@
 #include "persist/command_line.h"
 
-#include <algorithm>
-#include <climits>
 #include <filesystem>
 
 namespace varkesh {
 
 namespace {
 
-constexpr std::string_view kLogSwitch = "/log";
-constexpr std::string_view kFpsSwitch = "/fps";
-constexpr std::string_view kRemovedSwitches[] = {"/log0", "/log1", "/log2",   "/log3",
-                                                 "/log4", "/log5", kFpsSwitch};
+constexpr int kHighestLogLevel = 5;
 
-int LogLevelOf(std::string_view text) {
-  std::size_t at = text.find(kLogSwitch);
-  if (at == std::string_view::npos) return 0;
-  long long level = 0;
-  for (std::size_t i = at + kLogSwitch.size(); i < text.size(); ++i) {
-    if (text[i] < '0' || text[i] > '9') break;
-    level = std::min<long long>(level * 10 + (text[i] - '0'), INT_MAX);
+// 0 to 5 for a text of one such digit, else nothing.
+std::optional<int> LogLevelOf(std::string_view digits) {
+  if (digits.size() != 1 || digits[0] < '0' || digits[0] > '0' + kHighestLogLevel)
+    return std::nullopt;
+  return digits[0] - '0';
+}
+
+std::vector<std::string> SplitWords(std::string_view text) {
+  std::vector<std::string> words;
+  std::string word;
+  bool quoted = false;
+  bool inWord = false;
+  for (char c : text) {
+    if (c == '"') {
+      quoted = !quoted;
+      inWord = true;
+    } else if ((c == ' ' || c == '\t') && !quoted) {
+      if (inWord) words.push_back(word);
+      word.clear();
+      inWord = false;
+    } else {
+      word += c;
+      inWord = true;
+    }
   }
-  return static_cast<int>(level);
-}
-
-void RemoveAll(std::string& text, std::string_view what) {
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at))
-    text.erase(at, what.size());
-}
-
-std::string Trimmed(const std::string& text) {
-  std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string::npos) return "";
-  std::size_t last = text.find_last_not_of(" \t");
-  return text.substr(first, last - first + 1);
+  if (inWord) words.push_back(word);
+  return words;
 }
 
 }  // namespace
 
-CommandLine ParseCommandLine(std::string_view text) {
+CommandLine ParseCommandLine(const std::vector<std::string>& words) {
   CommandLine result;
-  result.logLevel = LogLevelOf(text);
-  result.showFps = text.find(kFpsSwitch) != std::string_view::npos;
-  std::string rest(text);
-  for (std::string_view name : kRemovedSwitches) RemoveAll(rest, name);
-  // The path keeps its case: file names on this system are case-sensitive.
-  rest = Trimmed(rest);
-  // A launcher may pass a path with blanks inside quotes.
-  if (rest.size() >= 2 && rest.front() == '"' && rest.back() == '"')
-    rest = rest.substr(1, rest.size() - 2);
-  result.savedGamePath = rest;
+  std::vector<std::string> rest;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (word.size() == 5 && word.compare(0, 4, "/log") == 0 && LogLevelOf(word.substr(4))) {
+      result.logLevel = *LogLevelOf(word.substr(4));
+    } else if (word == "/fps" || word == "--fps") {
+      result.showFps = true;
+    } else if (word == "--help" || word == "-h") {
+      result.showHelp = true;
+    } else if (word == "--version") {
+      result.showVersion = true;
+    } else if (word == "--log" || word.compare(0, 6, "--log=") == 0) {
+      const bool joined = word.size() > 5;
+      const std::string value = joined ? word.substr(6) : i + 1 < words.size() ? words[++i] : "";
+      const std::optional<int> level = LogLevelOf(value);
+      if (!level) {
+        result.error = "--log takes a level from 0 to 5, not '" + value + "'";
+        return result;
+      }
+      result.logLevel = *level;
+    } else if (word.compare(0, 2, "--") == 0) {
+      result.error = "unknown option '" + word + "'";
+      return result;
+    } else {
+      rest.push_back(word);
+    }
+  }
+  for (const std::string& word : rest) {
+    if (!result.savedGamePath.empty()) result.savedGamePath += ' ';
+    result.savedGamePath += word;
+  }
   return result;
 }
 
+CommandLine ParseCommandLine(std::string_view text) {
+  return ParseCommandLine(SplitWords(text));
+}
+
 CommandLine ParseCommandLine(int argc, const char* const* argv) {
-  std::string text;
-  for (int i = 1; i < argc; ++i) {
-    if (i > 1) text += ' ';
-    text += argv[i];
-  }
-  return ParseCommandLine(text);
+  return ParseCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
+
+std::string CommandLineUsage(const std::string& programName) {
+  return "usage: " + programName +
+         " [--log N] [--fps] [SAVED-GAME.vsh]\n"
+         "       " +
+         programName +
+         " --help | --version\n"
+         "  --log N, /logN   write logs at level N, 0 (none) to 5\n"
+         "  --fps, /fps      show the frame rate\n"
+         "  SAVED-GAME.vsh   open this saved game at start\n";
 }
 
 std::optional<std::string> SavedGameToLoad(const CommandLine& commandLine) {

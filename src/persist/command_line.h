@@ -5,18 +5,30 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace varkesh {
 
 struct CommandLine {
-  int logLevel = 0;           // "/log" and the digits after it; 0 without
-  bool showFps = false;       // "/fps"
-  std::string savedGamePath;  // what is left once the switches are taken out
+  int logLevel = 0;           // "/log0" to "/log5", or "--log N"; 0 without
+  bool showFps = false;       // "/fps" or "--fps"
+  std::string savedGamePath;  // the other words, joined by blanks
+  bool showHelp = false;      // "--help" or "-h"
+  bool showVersion = false;   // "--version"
+  std::string error;          // a wrong argument, told to the player
 };
 
+// Switches count only as whole words, so a path such as
+// "/home/ann/log2024/x.vsh" stays whole.
+CommandLine ParseCommandLine(const std::vector<std::string>& words);
+// A command line as one text: words are split at blanks, and a part in
+// double quotes is one word.
 CommandLine ParseCommandLine(std::string_view text);
-// The words after the program's name, joined by blanks.
+// The words after the program's name.
 CommandLine ParseCommandLine(int argc, const char* const* argv);
+
+// The usage lines printed by "--help".
+std::string CommandLineUsage(const std::string& programName);
 
 // The saved game to load at start: the path, if it names an existing file.
 std::optional<std::string> SavedGameToLoad(const CommandLine& commandLine);

@@ -56,7 +56,7 @@ struct Range {
 
 constexpr Range kGameTypeRange{"game type", kAlliedNeighbors, kAnarchy};
 constexpr Range kRuleRange{"king capture rule", kKingdomGained, kKingdomFrozen};
-constexpr Range kRoundRange{"round number", 1, INT_MAX};
+constexpr Range kRoundRange{"round number", 1, kHighestRound};
 constexpr Range kCurrentTeamRange{"current team", kWhite, kRed};
 constexpr Range kPlayerKindRange{"player kind", kHuman, kDefensive};
 constexpr Range kTeamRange{"team", kNoTeam, kRed};

@@ -2,9 +2,11 @@
 
 #include <QString>
 #include <array>
+#include <exception>
 #include <utility>
 
 #include "engine/general_engine.h"
+#include "flow/error_handler.h"
 #include "ui/board_layout.h"
 
 namespace varkesh {
@@ -126,6 +128,8 @@ void BoardView::DrawDungeons(Game& game) {
 
 void BoardView::DrawSquares(Game& game) {
   if (!hooks_.isMenuChecked(Menu::OptionIndicator) || game.moveablePieces.Count() < 1) return;
+  // A strobe nobody can see is not drawn; it comes back with the window.
+  if (!gdi_.ViewSeen(art_.view)) return;
   double now = hooks_.clock();
   if (now - strobeLastDrawn_ <= kStrobeInterval) return;
   // The base's shading takes the strobe's present colour.
@@ -175,6 +179,9 @@ void BoardView::DrawMarker(int cellX, int row, int x, int y) {
 }
 
 void BoardView::DrawHint(Game&, Hint hint) {
+  // Asked for on each pass while the player thinks: a hint still standing
+  // as drawn is not drawn again.
+  if (hintDrawn_ && *hintDrawn_ == std::pair(hint, gdi_.DrawsOn(art_.view))) return;
   PicNum picture = hint == Hint::ChoosePiece  ? art_.hintPiece
                    : hint == Hint::ChooseMove ? art_.hintMove
                                               : art_.hintConfirm;
@@ -182,6 +189,7 @@ void BoardView::DrawHint(Game&, Hint hint) {
             kHintCorner.y, RasterOp::And);
   gdi_.Blit(picture, 0, 0, kHintPixels, kHintPixels, art_.backBuffer, kHintCorner.x, kHintCorner.y,
             RasterOp::Or);
+  hintDrawn_ = std::pair(hint, gdi_.DrawsOn(art_.view));
 }
 
 void BoardView::ShowViewport() {
@@ -199,13 +207,25 @@ void BoardView::UpdateFrameRate() {
 
 void BoardView::LoadTitle() {
   title_ = gdi_.NewPicNum();
+  titleDrawn_.reset();
   LogStartUpStep(engine_, "+ Picture to Load: titlescreen");
-  gdi_.LoadPicture(title_, hooks_.entryPath("titlescreen"));
+  // Without its picture the title shows what was there; the fault is logged
+  // once and the player can still click on.
+  try {
+    gdi_.LoadPicture(title_, hooks_.entryPath("titlescreen"));
+  } catch (const std::exception& error) {
+    AppendErrorBlock(engine_, "error_main.log", "modVarkesh", "LoadTitle", 1, error.what());
+  }
 }
 
 void BoardView::ShowTitle() {
-  gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer, 0,
-            0, RasterOp::Copy);
+  // Shown on each pass of the title: copied again only when something was
+  // drawn over it.
+  if (titleDrawn_ != gdi_.DrawsOn(art_.view)) {
+    gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
+              0, 0, RasterOp::Copy);
+    titleDrawn_ = gdi_.DrawsOn(art_.view);
+  }
   gdi_.ShowViewport(art_.view);
 }
 

@@ -3,8 +3,11 @@
 // moves as paths, the hints, the title and the victory screen.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "core/outside.h"
 #include "engine/gdi.h"
@@ -59,6 +62,10 @@ class BoardView : public GameView {
   BoardArt art_;
   BoardViewHooks hooks_;
   PicNum title_ = -1;
+  // The count of draws on the back buffer right after the title or a hint
+  // was drawn: while it stands, the picture is still there as drawn.
+  std::optional<std::uint64_t> titleDrawn_;
+  std::optional<std::pair<Hint, std::uint64_t>> hintDrawn_;
   double strobeLastDrawn_ = 0.0;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/documents.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStringList>
@@ -38,7 +39,11 @@ std::string RunFileDialog(QWidget* owner, QFileDialog::AcceptMode mode, const st
   if (!suffix.isEmpty()) dialog.setDefaultSuffix(suffix);
   if (!initialName.empty()) {
     const QFileInfo initial(QString::fromStdString(initialName));
-    if (initial.path() != ".") dialog.setDirectory(initial.absolutePath());
+    if (initial.path() != ".") {
+      // The player's folder for saved games is made when first offered.
+      QDir().mkpath(initial.absolutePath());
+      dialog.setDirectory(initial.absolutePath());
+    }
     dialog.selectFile(initial.fileName());
   }
   if (dialog.exec() != QDialog::Accepted) return {};

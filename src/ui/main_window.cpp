@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
+#include <QUrl>
 
 #include "core/resign.h"
 #include "engine/general_engine.h"
@@ -31,6 +32,7 @@ constexpr int kStartWidth = 620;
 constexpr int kStartHeight = 700;
 constexpr int kStartTop = 10;
 const char* const kModule = "frmMain";
+const char* const kHelpPage = "help/help.htm";
 
 QLabel* NamedLabel(const char* objectName, Qt::Alignment alignment, QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -104,6 +106,27 @@ void MainWindow::OpenDocument(const std::string& pathOrAddress) {
 
 void MainWindow::OpenProgramFile(const char* name) {
   OpenDocument(outside_->Engine().appPath + name);
+}
+
+void MainWindow::OpenHelpChapter(const char* chapter) {
+  QUrl page = QUrl::fromLocalFile(QString::fromStdString(outside_->Engine().appPath + kHelpPage));
+  page.setFragment(chapter);
+  OpenDocument(page.toString().toStdString());
+}
+
+void MainWindow::OpenLogFolder() {
+  const std::string folder = LogFile(outside_->Engine(), "");
+  if (folder.empty()) {
+    outside_->ShowMessage("Varkesh", "This run keeps no logs: no folder could be written.");
+    return;
+  }
+  OpenDocument(folder);
+}
+
+void MainWindow::ShowAbout() {
+  // A second About keeps the way back to where the player was.
+  if (game_.gameMode != ModeTitle) game_.modeAfterTitle = game_.gameMode;
+  game_.gameMode = ModeTitle;
 }
 
 void MainWindow::BuildMenus() {
@@ -183,24 +206,22 @@ void MainWindow::BuildResignMenu() {
 void MainWindow::BuildHelpMenu() {
   QMenu* menu = AddMenu("mnuHelp", "&Help", Menu::Help);
   AddCommand(menu, "mnuHelpHelp", "Varkesh Help", Qt::Key_F1,
-             [this] { OpenProgramFile("help/help.htm"); });
+             [this] { OpenProgramFile(kHelpPage); });
   menu->addSeparator()->setObjectName("mnuHelpUL1");
   AddCommand(menu, "mnuHelpReadMe", "View &ReadMe.txt File", {},
              [this] { OpenProgramFile("ReadMe.txt"); });
+  AddCommand(menu, "mnuHelpLogFolder", "Open &Log Folder", {}, [this] { OpenLogFolder(); });
   menu->addSeparator()->setObjectName("mnuHelpUL3");
   AddCommand(menu, "mnuHelpWebsite", "Varkesh &Webpage", {},
-             [this] { OpenDocument(WebPages::kHome); });
+             [this] { OpenHelpChapter(HelpChapters::kHome); });
   AddCommand(menu, "mnuHelpMsgBrd", "&Message Board", {},
-             [this] { OpenDocument(WebPages::kMessageBoard); });
+             [this] { OpenHelpChapter(HelpChapters::kMessageBoard); });
   menu->addSeparator()->setObjectName("mnuHelpUL2");
   AddCommand(menu, "mnuHelpGamesPub", "Find &Opponents", {},
-             [this] { OpenDocument(WebPages::kFindOpponents); });
+             [this] { OpenHelpChapter(HelpChapters::kFindOpponents); });
   menu->addSeparator()->setObjectName("mnuHelpUL4");
   connect(AddEntry(menu, "mnuHelpAbout", "&About Varkesh", Qt::CTRL | Qt::Key_A),
-          &QAction::triggered, this, [this] {
-            game_.modeAfterTitle = game_.gameMode;
-            game_.gameMode = ModeTitle;
-          });
+          &QAction::triggered, this, &MainWindow::ShowAbout);
 }
 
 void MainWindow::SetMenuEnabled(Menu menu, bool enabled) {

@@ -21,11 +21,12 @@ struct DesktopServices;
 class QtOutside;
 class ViewWidget;
 
-// The game's pages on the web, opened from the Help menu.
-struct WebPages {
-  static constexpr const char* kHome = "https://varkesh.example.org/";
-  static constexpr const char* kMessageBoard = "https://varkesh.example.org/forum";
-  static constexpr const char* kFindOpponents = "https://varkesh.example.org/opponents";
+// The chapters of the local help that stand in for the game's web pages
+// (home, message board, finding opponents) until the game has a site.
+struct HelpChapters {
+  static constexpr const char* kHome = "board";
+  static constexpr const char* kMessageBoard = "netplay";
+  static constexpr const char* kFindOpponents = "opponents";
 };
 
 class MainWindow : public QMainWindow {
@@ -40,6 +41,12 @@ class MainWindow : public QMainWindow {
   void OpenDocument(const std::string& pathOrAddress);
   // A file of the program's folder, such as "ReadMe.txt".
   void OpenProgramFile(const char* name);
+  // A chapter of the help page, by its anchor.
+  void OpenHelpChapter(const char* chapter);
+  // The folder where the logs are kept.
+  void OpenLogFolder();
+  // The title screen, over whatever the player was doing.
+  void ShowAbout();
   ViewWidget& view() { return *view_; }
   QLabel& gameDescriptionLabel() { return *gameDescription_; }
   QLabel& turnLabel() { return *turn_; }

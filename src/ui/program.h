@@ -3,12 +3,14 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "core/game.h"
 #include "engine/general_engine.h"
 #include "engine/sound.h"
 #include "persist/pack_reader.h"
 #include "persist/settings.h"
+#include "persist/user_folders.h"
 #include "ui/documents.h"
 
 namespace varkesh {
@@ -29,6 +31,8 @@ struct Program {
   // fills in the desktop's for those left empty.
   std::unique_ptr<SettingsStore> settings;
   std::unique_ptr<Documents> documents;
+  // Where the run writes; StartUp finds the player's folders when unset.
+  std::optional<UserFolders> folders;
   std::unique_ptr<Gdi> gdi;
   std::unique_ptr<BoardView> view;
   std::unique_ptr<MainWindow> window;

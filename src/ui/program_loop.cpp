@@ -8,6 +8,7 @@
 #include "ui/main_window.h"
 #include "ui/qt_outside.h"
 #include "ui/startup.h"
+#include "ui/stop_signal.h"
 #include "ui/view_widget.h"
 
 namespace varkesh {
@@ -55,6 +56,8 @@ void ProgramLoop::Start() {
 void ProgramLoop::Tick() {
   Game& game = program_.game;
   MainWindow& window = *program_.window;
+  // The system ends the session: no question about an unsaved game can be answered.
+  if (StopSignalled()) game.quitRequested = true;
   // Paused, or a menu command waits in its dialog: only events run.
   if (!game.quitRequested && !game.paused && !window.CommandRunning())
     RunPass(game, window.outside(), *program_.view);

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
+#include <exception>
 
 #include "engine/general_engine.h"
 #include "engine/sound.h"
@@ -101,7 +102,12 @@ void QtOutside::ShowPauseButton(bool visible) {
 }
 
 void QtOutside::PlaySound(const std::string& entry) {
-  services_.sound.PlaySoundFile(services_.pack.ExtractEntry(entry));
+  // A sound that cannot be had (its temporary folder gone, a full disk) is
+  // silent: it must not stop the move that plays it halfway.
+  try {
+    services_.sound.PlaySoundFile(services_.pack.ExtractEntry(entry));
+  } catch (const std::exception&) {
+  }
 }
 
 std::string QtOutside::ExtractEntry(const std::string& entry) {

@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <chrono>
 #include <filesystem>
+#include <stdexcept>
 
 #include "engine/gdi.h"
 #include "ui/board_view.h"
@@ -86,13 +87,15 @@ void StartDrawing(Program& program) {
 
 // Opens the pack and loads the board's pictures from it. Throws when the pack
 // is missing or damaged.
-std::unique_ptr<BoardView> LoadBoard(Program& program, const std::string& appPath) {
-  const std::string tempFolder = appPath + "temp";
+std::unique_ptr<BoardView> LoadBoard(Program& program) {
+  GeneralEngine& engine = program.engine;
+  if (program.folders->temp.empty())
+    throw std::runtime_error("No folder can be written for the game's temporary files.");
+  const std::string tempFolder = TempFile(engine, "temp");
   PrepareTempFolder(tempFolder);
   PackReader& pack = program.pack;
-  pack.OpenPack(appPath + "r.opk", tempFolder);
+  pack.OpenPack(engine.appPath + "r.opk", tempFolder);
 
-  GeneralEngine& engine = program.engine;
   MainWindow& window = *program.window;
   QLabel& frameRate = window.view().FrameRateLabel();
   const EntryPath entryPath = [&pack](const std::string& entry) {
@@ -103,7 +106,10 @@ std::unique_ptr<BoardView> LoadBoard(Program& program, const std::string& appPat
       BoardViewHooks{entryPath, [&window](Menu menu) { return window.IsMenuChecked(menu); },
                      [&engine] { return EngineClock(engine); },
                      [&frameRate](const std::string& text) {
-                       frameRate.setText(QString::fromStdString(text));
+                       // Asked on each pass; a hidden or unchanged label costs nothing.
+                       const QString shown = QString::fromStdString(text);
+                       if (!frameRate.isHidden() && frameRate.text() != shown)
+                         frameRate.setText(shown);
                      }});
 }
 
@@ -120,16 +126,19 @@ bool StartUp(Program& program, const CommandLine& commandLine, const std::string
       DesktopServices{program.engine, program.pack, program.sound, *program.documents});
   MainWindow& window = *program.window;
 
-  StartGeneralEngine(program.engine, commandLine.logLevel, appPath);
+  if (!program.folders) program.folders = FindUserFolders();
+  const UserFolders& folders = *program.folders;
+  StartGeneralEngine(program.engine, commandLine.logLevel, appPath, folders.logs, folders.temp);
+  program.engine.documentsPath = folders.documents;
   program.game.random.Seed(ClockSeed());
-  if (commandLine.logLevel > 2) {
+  if (commandLine.logLevel > 2 && !folders.logs.empty()) {
     std::error_code ignored;
-    std::filesystem::remove(appPath + "ai.log", ignored);
+    std::filesystem::remove(LogFile(program.engine, "ai.log"), ignored);
   }
 
   StartDrawing(program);
   try {
-    program.view = LoadBoard(program, appPath);
+    program.view = LoadBoard(program);
   } catch (const std::exception& error) {
     window.outside().ShowMessage(
         "Varkesh", std::string("The game's resource file 'r.opk' could not be read, so Varkesh "
@@ -142,6 +151,12 @@ bool StartUp(Program& program, const CommandLine& commandLine, const std::string
   ApplyStoredPlacement(window, *program.settings);
   ApplyStoredOptions(window, *program.settings);
   window.show();
+  if (folders.logs.empty()) {
+    window.outside().ShowMessage(
+        "Varkesh",
+        "Varkesh found no folder it may write its log files in, so this run keeps "
+        "no logs.\n\nThe game plays as usual.");
+  }
   return true;
 }
 

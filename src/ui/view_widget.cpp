@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QWindow>
 #include <cmath>
 
 namespace varkesh {
@@ -53,9 +54,16 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   game_.clickY = SquareOfClick(at.y(), inner.height());
 }
 
+bool ViewWidget::Seen() const {
+  // Minimized or unmapped, the window is not exposed, whatever its state says.
+  const QWindow* handle = window()->windowHandle();
+  return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed();
+}
+
 ViewWindow ViewWidget::AsViewWindow() {
   return ViewWindow{
-      [this] { return contentsRect().size(); },
+      // Nothing is drawn for a window the player cannot see.
+      [this] { return Seen() ? contentsRect().size() : QSize(); },
       [this](const QRect& shown) { update(shown.translated(contentsRect().topLeft())); }};
 }
 

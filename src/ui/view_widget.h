@@ -25,6 +25,8 @@ class ViewWidget : public QFrame {
   void SetScreenImage(std::function<const QImage&()> screen) { screen_ = std::move(screen); }
   // How the drawing layer measures this view and asks for a repaint.
   ViewWindow AsViewWindow();
+  // False while the player cannot see the view: nothing is drawn then.
+  bool Seen() const;
 
   QPushButton& PauseButton() { return *pause_; }
   QLabel& FrameRateLabel() { return *frameRate_; }

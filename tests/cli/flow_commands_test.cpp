@@ -160,5 +160,18 @@ TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
   EXPECT_FALSE(std::filesystem::exists(Path("bad.vsh")));
 }
 
+TEST_F(CliCommandsTest, HelpListsEveryCommandWithItsUsageAndVersionNamesTheTool) {
+  Run help = Cli("--help");
+  EXPECT_EQ(help.code, 0);
+  for (const std::string usage : {kNewUsage, kApplyUsage, kResignUsage}) {
+    const std::string line = usage.substr(std::string("usage: varkesh-cli ").size());
+    EXPECT_NE(help.out.find("  " + line.substr(0, line.size() - 1)), std::string::npos) << line;
+  }
+  Run version = Cli("--version");
+  EXPECT_EQ(version.code, 0);
+  EXPECT_EQ(version.out.rfind("varkesh-cli ", 0), 0u) << version.out;
+  EXPECT_EQ(Cli("").code, 2) << "no command: the usage, as a refusal";
+}
+
 }  // namespace
 }  // namespace varkesh

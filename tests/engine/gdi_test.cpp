@@ -95,7 +95,7 @@ TEST_F(GdiTest, ShowingAViewCopiesTheDirtyRectangleAndStartsItAgain) {
   Paint(back, QRect(2, 3, 1, 1), kTeal);
   EXPECT_EQ(gdi.Dirty(view), (DirtyEdges{0, 0, 25, 15}));
   gdi.ShowViewport(view);
-  EXPECT_EQ(repaints.back(), QRect(0, 0, 26, 16));
+  EXPECT_EQ(repaints.back(), QRect(2, 3, 23, 12)) << "just what differs from the last show";
   EXPECT_EQ(Colour(gdi.ScreenImage(view), 22, 12), kRed);
   EXPECT_EQ(Colour(gdi.ScreenImage(view), 2, 3), kTeal);
   EXPECT_EQ(gdi.Dirty(view), (DirtyEdges{0, 0, 0, 0}));
@@ -116,7 +116,44 @@ TEST_F(GdiTest, AWindowOfAnotherSizeShowsTheWholePictureStretched) {
   EXPECT_EQ(Colour(screen, 10, 10), kRed);
   EXPECT_EQ(Colour(screen, 70, 10), kTeal);
   EXPECT_EQ(repaints.back(), QRect(0, 0, 80, 20));
-  EXPECT_EQ(gdi.Dirty(view), (DirtyEdges{0, 0, 40, 40})) << "the rectangle goes on growing";
+  Paint(back, QRect(0, 0, 20, 40), kRed);
+  gdi.ShowViewport(view);
+  EXPECT_EQ(repaints.size(), 1u) << "the same picture again is not stretched anew";
+  Paint(back, QRect(0, 0, 1, 1), kTeal);
+  gdi.ShowViewport(view);
+  EXPECT_EQ(repaints.size(), 2u);
+}
+
+TEST_F(GdiTest, AFrameThatChangedNothingIsNotRepaintedAndAMinimizedWindowWaits) {
+  QSize windowSize(40, 30);
+  int view = gdi.NewViewport("picTest", 40, 30);
+  gdi.AttachWindow(view, {[&windowSize] { return windowSize; },
+                          [this](const QRect& area) { repaints.push_back(area); }});
+  PicNum back = gdi.BackBuffer(view);
+  Paint(back, QRect(0, 0, 40, 30), kTeal);
+  gdi.ShowViewport(view);
+  ASSERT_EQ(repaints.size(), 1u);
+
+  Paint(back, QRect(0, 0, 40, 30), kTeal);  // as the title is drawn on each pass
+  gdi.ShowViewport(view);
+  EXPECT_EQ(repaints.size(), 1u);
+  EXPECT_EQ(gdi.Dirty(view), (DirtyEdges{0, 0, 0, 0}));
+
+  windowSize = QSize();  // minimized
+  Paint(back, QRect(5, 6, 2, 2), kRed);
+  gdi.ShowViewport(view);
+  EXPECT_EQ(repaints.size(), 1u);
+  windowSize = QSize(40, 30);
+  gdi.ShowViewport(view);
+  ASSERT_EQ(repaints.size(), 2u) << "what changed while minimized comes on show";
+  EXPECT_EQ(repaints.back(), QRect(5, 6, 2, 2));
+  EXPECT_EQ(Colour(gdi.ScreenImage(view), 6, 7), kRed);
+
+  windowSize = QSize(40, 30);
+  gdi.AttachWindow(view, {[&windowSize] { return windowSize; },
+                          [this](const QRect& area) { repaints.push_back(area); }});
+  gdi.ShowViewport(view);
+  EXPECT_EQ(repaints.back(), QRect(0, 0, 40, 30)) << "a new window is filled whole";
 }
 
 TEST_F(GdiTest, TextInAMissingFamilyIsStillDrawnAndMarkedChanged) {

@@ -65,5 +65,27 @@ TEST(Logs, TheEngineLogsFromLevelOneAndTheClockStartsWithIt) {
   EXPECT_TRUE(std::filesystem::is_empty(quiet.Slashed()));
 }
 
+TEST(Logs, GoToTheLogFolderAndAFolderThatCannotBeWrittenStopsNothing) {
+  testing::TempFolder app, logs, temp;
+  GeneralEngine engine;
+  StartGeneralEngine(engine, 3, app.Slashed(), logs.File("player"), temp.Slashed());
+  EXPECT_EQ(LogFile(engine, "ai.log"), logs.File("player/ai.log"));
+  EXPECT_EQ(TempFile(engine, "temp.sav"), temp.File("temp.sav"));
+  EXPECT_EQ(engine.appPath, app.Slashed()) << "what ships with the program stays where it is";
+  // The folder "player" was never made: each line is lost, and nothing throws.
+  const int ai = OpenLog(engine, LogFile(engine, "ai.log"), true);
+  WriteLog(engine, ai, "a thought", true);
+  CloseLog(engine, ai);
+  ShutdownGeneralEngine(engine);
+  EXPECT_TRUE(std::filesystem::is_empty(app.Slashed()));
+  EXPECT_TRUE(std::filesystem::is_empty(logs.Slashed()));
+
+  StartGeneralEngine(engine, 3, app.Slashed(), "", temp.Slashed());
+  EXPECT_EQ(LogFile(engine, "engine.log"), "") << "no log folder: logs are off";
+  EXPECT_EQ(OpenLog(engine, LogFile(engine, "ai.log"), true), 0);
+  ShutdownGeneralEngine(engine);
+  EXPECT_TRUE(std::filesystem::is_empty(app.Slashed()));
+}
+
 }  // namespace
 }  // namespace varkesh

@@ -126,6 +126,20 @@ TEST_F(GameCommandsTest, AFailedLoadLeavesTheRunningGameAndReports) {
   EXPECT_TRUE(NoScratchLeft());
 }
 
+TEST_F(GameCommandsTest, AGameAtTheLastRoundPlaysOnAndStaysLoadable) {
+  Game last = SampleGame();
+  last.roundNumber = kHighestRound;
+  last.currentTeam = kRed;
+  last.kingdomFallen = {false, false, false, false};
+  PassTurn(last, outside);
+  EXPECT_EQ(last.currentTeam, kWhite);
+  EXPECT_EQ(last.roundNumber, kHighestRound);
+  const std::string path = Saved(last);
+  LoadGame(game, outside, path);
+  EXPECT_FALSE(ErrorShown());
+  EXPECT_EQ(game.roundNumber, kHighestRound);
+}
+
 TEST_F(GameCommandsTest, ASaveCutOffBeforeTheRenameKeepsTheOldFile) {
   std::string path = Saved(SampleGame());
   Game other = SampleGame();

@@ -68,6 +68,7 @@ TEST(GameText, RejectsEachFaultNamingTheLineAndLeavingTheTargetAlone) {
       {1, "Friday", "line 1: the game name must stand between double quotes"},
       {1, "\"", "line 1: the game name must stand between double quotes"},
       {2, "4,1", "line 2: game type 4 is out of range (1 to 3)"},
+      {3, "1000000000,1", "line 3: round number 1000000000 is out of range (1 to 999999999)"},
       {5, "0,#TRUE#,True", "line 5: field 3 ('True') is not #TRUE# or #FALSE#"},
       {11, "0,0,0,0,0,", "line 11: expected 5 fields, found 6"},
       {12, "0, 0,0,0,0", "line 12: field 2 (' 0') is not a number"},

@@ -12,24 +12,34 @@
 namespace varkesh {
 namespace {
 
-TEST(CommandLine, TakesOutTheSwitchesAndLeavesTheGamePath) {
+TEST(CommandLine, SwitchesCountOnlyAsWholeWords) {
   const std::tuple<const char*, int, bool, const char*> cases[] = {
       {"", 0, false, ""},
-      {"/log2 /fps  /home/Ann/Games/Friday Night.vsh ", 2, true,
-       "/home/Ann/Games/Friday Night.vsh"},
-      {"/fps/log1game.vsh", 1, true, "game.vsh"},
-      {"\"/tmp/My Game.vsh\" /log1", 1, false, "/tmp/My Game.vsh"},
+      {"/log2 /fps  /home/Ann/Games/Friday.vsh ", 2, true, "/home/Ann/Games/Friday.vsh"},
+      {"/home/ann/log2024/fps.vsh", 0, false, "/home/ann/log2024/fps.vsh"},
+      {"/fps/log1game.vsh", 0, false, "/fps/log1game.vsh"},
+      {"\"/tmp/My  Game.vsh\" /log1", 1, false, "/tmp/My  Game.vsh"},
       {"/log x", 0, false, "/log x"},
-      {"/log7", 7, false, "/log7"},  // only levels 0 to 5 are taken out
-      {"/log99999999999999999999", 2147483647, false, "/log99999999999999999999"}};
+      {"/log7", 0, false, "/log7"},  // only levels 0 to 5 are switches
+      {"--log 3 --fps game.vsh", 3, true, "game.vsh"},
+      {"--log=4", 4, false, ""}};
   for (const auto& [text, logLevel, showFps, path] : cases) {
     CommandLine line = ParseCommandLine(text);
-    EXPECT_EQ(std::tie(line.logLevel, line.showFps, line.savedGamePath),
-              std::make_tuple(logLevel, showFps, std::string(path)))
+    EXPECT_EQ(std::tie(line.logLevel, line.showFps, line.savedGamePath, line.error),
+              std::make_tuple(logLevel, showFps, std::string(path), std::string()))
         << text;
   }
   const char* argv[] = {"varkesh", "/log1", "/tmp/a game.vsh", "/fps"};
   EXPECT_EQ(ParseCommandLine(4, argv).savedGamePath, "/tmp/a game.vsh");
+}
+
+TEST(CommandLine, WrongOptionsAreToldAndHelpIsOffered) {
+  for (const char* text : {"--log", "--log 9", "--log=x", "--frames"})
+    EXPECT_FALSE(ParseCommandLine(text).error.empty()) << text;
+  EXPECT_TRUE(ParseCommandLine("--help").showHelp);
+  EXPECT_TRUE(ParseCommandLine("-h").showHelp);
+  EXPECT_TRUE(ParseCommandLine("--version").showVersion);
+  EXPECT_NE(CommandLineUsage("varkesh").find("--log N"), std::string::npos);
 }
 
 TEST(CommandLine, OnlyAnExistingFileIsLoadedAtStart) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QLabel>
 #include <QTest>
 
@@ -56,6 +57,28 @@ TEST_F(MainWindowTest, AClickGivesItsButtonAndTheSquareOfTheRoundedPosition) {
   EXPECT_EQ(std::pair(game.clickX, game.clickY), std::pair(17, 0)) << "the last pixels";
   EXPECT_EQ(ViewWidget::SquareOfClick(34.5, 600), 1) << "rounded before it is divided";
   EXPECT_EQ(ViewWidget::SquareOfClick(299, 300), 16) << "on a shrunk view";
+}
+
+TEST_F(MainWindowTest, AboutAlwaysLeadsBackToWhereThePlayerWas) {
+  game.gameMode = ModeChooseDestination;
+  QAction& about = *window.findChild<QAction*>("mnuHelpAbout");
+  about.trigger();
+  about.trigger();  // twice in a row, or while the title shows
+  EXPECT_EQ(game.gameMode, ModeTitle);
+  EXPECT_EQ(game.modeAfterTitle, ModeChooseDestination);
+}
+
+TEST_F(MainWindowTest, TheHelpMenuOpensLocalChaptersAndTheLogFolder) {
+  engine.appPath = "/opt/varkesh game/";
+  engine.logPath = "/home/ann/.local/share/varkesh/logs/";
+  for (const char* name :
+       {"mnuHelpWebsite", "mnuHelpMsgBrd", "mnuHelpGamesPub", "mnuHelpLogFolder"})
+    window.findChild<QAction*>(name)->trigger();
+  EXPECT_EQ(documents.opened,
+            (std::vector<std::string>{"file:///opt/varkesh game/help/help.htm#board",
+                                      "file:///opt/varkesh game/help/help.htm#netplay",
+                                      "file:///opt/varkesh game/help/help.htm#opponents",
+                                      "/home/ann/.local/share/varkesh/logs/"}));
 }
 
 TEST(FileFilter, TheBarSeparatedFormBecomesQtsForm) {

@@ -76,6 +76,7 @@ class RunningProgram {
     if (!firstRun) program_.settings->Write("First", "Done");
     for (const auto& [key, value] : stored) program_.settings->Write(key, value);
     program_.documents.reset(documents_);
+    program_.folders = UserFolders{folder_, folder_, folder_};
     started_ = StartUp(program_, commandLine, folder_);
     if (!started_) return;
     BeginRun(program_, commandLine);

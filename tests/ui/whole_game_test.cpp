@@ -159,7 +159,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
 
   // The saved game named on the command line skips the title; the stored
   // options come back, a "History" of 2 read as 3.
-  RunningProgram resumed(CommandLine{0, false, saved}, false, true,
+  RunningProgram resumed(ParseCommandLine(std::vector<std::string>{saved}), false, true,
                          {{"showcomp", "0"}, {"History", "2"}});
   ASSERT_TRUE(resumed.Started());
   EXPECT_EQ(resumed.game().gameMode, ModeChoosePiece);
@@ -187,7 +187,7 @@ TEST(StartOfTheRun, AMissingPackOrAMissingOrDamagedSavedGameIsExplained) {
           box.close();
         },
         false);
-    RunningProgram run(CommandLine{0, false, c.savedGame}, false, c.withPack);
+    RunningProgram run(ParseCommandLine(std::vector<std::string>{c.savedGame}), false, c.withPack);
     EXPECT_EQ(run.Started(), c.withPack);
     EXPECT_TRUE(shown.contains(QString::fromStdString(c.explanation))) << shown.toStdString();
     EXPECT_EQ(run.game().gameMode, ModeTitle);

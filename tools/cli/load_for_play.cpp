@@ -6,13 +6,19 @@
 #include "cli.h"
 #include "flow/save_load.h"
 #include "persist/game_text.h"
+#include "persist/user_folders.h"
 
 namespace varkesh::cli {
 
 void UseToolFolder(ScriptedOutside& outside) {
   std::error_code error;
   std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (!error) outside.engine.appPath = tool.parent_path().string() + "/";
+  if (error) return;
+  outside.engine.appPath = ProgramDataFolder(tool.parent_path().string() + "/");
+  // A fault's log goes where the game keeps its logs, as the tool's own
+  // folder may not be writable once installed.
+  outside.engine.logPath = FindUserFolders().logs;
+  outside.engine.logsOff = outside.engine.logPath.empty();
 }
 
 Game LoadForPlay(const std::string& path, ScriptedOutside& outside) {
@@ -24,8 +30,8 @@ Game LoadForPlay(const std::string& path, ScriptedOutside& outside) {
 void FailOnReportedFault(const ScriptedOutside& outside) {
   for (const ScriptedOutside::Message& message : outside.messages) {
     if (message.title == "Varkesh Error")
-      BadInput("varkesh-cli: the game met a fault; details are in '" + outside.engine.appPath +
-               "error_main.log'");
+      BadInput("varkesh-cli: the game met a fault; details are in '" +
+               LogFile(outside.engine, "error_main.log") + "'");
   }
 }
 

@@ -9,29 +9,44 @@ namespace {
 struct Command {
   std::string_view name;
   int (*run)(const varkesh::cli::Args&);
+  const char* usage;  // the arguments, as --help lists them
 };
 
 constexpr Command kCommands[] = {
-    {"new", varkesh::cli::CmdNew},         {"moves", varkesh::cli::CmdMoves},
-    {"apply", varkesh::cli::CmdApply},     {"resign", varkesh::cli::CmdResign},
-    {"decode", varkesh::cli::CmdDecode},   {"encode", varkesh::cli::CmdEncode},
-    {"scores", varkesh::cli::CmdScores},   {"aimove", varkesh::cli::CmdAimove},
-    {"selfplay", varkesh::cli::CmdSelfplay},
+    {"new", varkesh::cli::CmdNew, "[--type T] [--rule R] [--players a,b,c,d] [--name NAME]"},
+    {"moves", varkesh::cli::CmdMoves, "FILE"},
+    {"apply", varkesh::cli::CmdApply,
+     "FILE FX FY TX TY [--option K] | --computer FILE FX FY TX TY"},
+    {"resign", varkesh::cli::CmdResign, "FILE [--to TEAM] [--no]"},
+    {"decode", varkesh::cli::CmdDecode, "FILE.vsh"},
+    {"encode", varkesh::cli::CmdEncode, "FILE OUT.vsh"},
+    {"scores", varkesh::cli::CmdScores, "FILE [--personality P]"},
+    {"aimove", varkesh::cli::CmdAimove, "FILE [--personality P]"},
+    {"selfplay", varkesh::cli::CmdSelfplay,
+     "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]"},
 };
 
-int PrintUsage() {
-  std::fputs("usage: varkesh-cli COMMAND [ARGS]\ncommands:", stderr);
+int PrintUsage(std::FILE* out, int code) {
+  std::fputs(
+      "usage: varkesh-cli COMMAND [ARGS]\n       varkesh-cli --help | --version\n"
+      "commands:\n",
+      out);
   for (const Command& command : kCommands)
-    std::fprintf(stderr, " %.*s", static_cast<int>(command.name.size()), command.name.data());
-  std::fputc('\n', stderr);
-  return 2;
+    std::fprintf(out, "  %.*s %s\n", static_cast<int>(command.name.size()), command.name.data(),
+                 command.usage);
+  return code;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) return PrintUsage();
+  if (argc < 2) return PrintUsage(stderr, 2);
   std::string_view name = argv[1];
+  if (name == "--help" || name == "-h") return PrintUsage(stdout, 0);
+  if (name == "--version") {
+    std::puts("varkesh-cli " VARKESH_VERSION);
+    return 0;
+  }
   for (const Command& command : kCommands) {
     if (command.name != name) continue;
     try {
@@ -45,5 +60,5 @@ int main(int argc, char** argv) {
     }
   }
   std::fprintf(stderr, "varkesh-cli: unknown command '%s'\n", argv[1]);
-  return PrintUsage();
+  return PrintUsage(stderr, 2);
 }

@@ -1,5 +1,6 @@
 // varkesh-packgen OUTDIR: writes every entry of the resource pack into OUTDIR
-// together with pack.qrc, the list from which rcc builds r.opk.
+// together with pack.qrc, the list from which rcc builds r.opk, and the
+// desktop icons in OUTDIR/icons.
 #include <QFile>
 #include <QGuiApplication>
 #include <QTextStream>
@@ -24,6 +25,11 @@ int main(int argc, char** argv) {
                      WriteVictoryArt, WriteSounds}) {
     std::vector<PackEntry> more = write(out);
     entries.insert(entries.end(), more.begin(), more.end());
+  }
+
+  if (!WriteIcons(out)) {
+    std::fprintf(stderr, "varkesh-packgen: cannot write the icons\n");
+    return 1;
   }
 
   QFile qrc(out.filePath("pack.qrc"));

@@ -21,3 +21,6 @@ std::vector<PackEntry> WriteHintArt(const QDir& out);
 std::vector<PackEntry> WriteTitleArt(const QDir& out);
 std::vector<PackEntry> WriteVictoryArt(const QDir& out);
 std::vector<PackEntry> WriteSounds(const QDir& out);
+
+// The desktop icon at the theme sizes and as SVG, in out/icons; false on failure.
+bool WriteIcons(const QDir& out);

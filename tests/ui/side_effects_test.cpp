@@ -1,0 +1,74 @@
+// A sound or picture that cannot be had, as when the temporary folder is
+// removed under the running game, never leaves a move or the title halfway.
+#include <QAbstractButton>
+#include <QAction>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "ui_test_support.h"
+
+namespace varkesh {
+namespace {
+
+using test::RunningProgram;
+
+std::string FileText(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+std::size_t Occurrences(const std::string& text, const std::string& what) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+    ++count;
+  return count;
+}
+
+TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillComplete) {
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  Game& game = run.game();
+  {
+    const auto start = test::WhenModalOpens([](QWidget& dialog) {
+      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+    });
+    run.ClickSquare(8, 8);
+    ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  }
+  // The pack's files can no longer be written: a file stands where the folder was.
+  std::filesystem::remove_all(run.folder() + "temp");
+  std::ofstream(run.folder() + "temp") << "in the way";
+
+  int boxes = 0;
+  const auto countBoxes = test::WhenModalOpens(
+      [&boxes](QWidget& box) {
+        ++boxes;
+        box.close();
+      },
+      false);
+  ASSERT_TRUE(run.window().IsMenuChecked(Menu::OptionsSfx));
+  const BoardSquare from = game.moveablePieces[1];
+  run.ClickSquare(from.x, from.y);
+  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+  const BoardSquare to = game.moveablePieces[1];
+  run.ClickSquare(to.x, to.y);
+  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+  run.ClickSquare(to.x, to.y, Qt::RightButton);
+  EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the turn passed without the sound";
+  EXPECT_EQ(game.board.at(from.x, from.y).piece, kNoPiece);
+
+  run.window().findChild<QAction*>("mnuHelpAbout")->trigger();
+  ASSERT_TRUE(run.WaitFor([&game] { return game.titleLoaded; }));
+  QTest::qWait(100);  // some passes of the title without its picture
+  run.ClickSquare(8, 8);
+  EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the click leaves the title";
+  EXPECT_EQ(boxes, 0);
+  const std::string log = FileText(run.folder() + "error_main.log");
+  EXPECT_EQ(Occurrences(log, "Sub = LoadTitle\r\n"), 1u) << log;
+}
+
+}  // namespace
+}  // namespace varkesh
