@@ -12,11 +12,12 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"new", varkesh::cli::CmdNew},         {"moves", varkesh::cli::CmdMoves},
-    {"apply", varkesh::cli::CmdApply},     {"resign", varkesh::cli::CmdResign},
-    {"decode", varkesh::cli::CmdDecode},   {"encode", varkesh::cli::CmdEncode},
-    {"scores", varkesh::cli::CmdScores},   {"aimove", varkesh::cli::CmdAimove},
-    {"selfplay", varkesh::cli::CmdSelfplay},
+    {"new", varkesh::cli::CmdNew},           {"moves", varkesh::cli::CmdMoves},
+    {"apply", varkesh::cli::CmdApply},       {"resign", varkesh::cli::CmdResign},
+    {"decode", varkesh::cli::CmdDecode},     {"encode", varkesh::cli::CmdEncode},
+    {"scores", varkesh::cli::CmdScores},     {"aimove", varkesh::cli::CmdAimove},
+    {"selfplay", varkesh::cli::CmdSelfplay}, {"host", varkesh::cli::CmdHost},
+    {"join", varkesh::cli::CmdJoin},
 };
 
 int PrintUsage() {
