@@ -287,5 +287,43 @@ TEST_F(NetPlayNodeTest, RefusedCommandsChangeNothingAndFailuresAreTold) {
   EXPECT_EQ(lonely.WaitForExit(), 0);
 }
 
+TEST_F(NetPlayNodeTest, ChatSaveLoadAndBootReachEveryNode) {
+  auto host = Host("Hosty");
+  host->Send("new --name Talk");
+  ASSERT_TRUE(host->WaitFor("mode 1")) << host->Recent();
+  auto alice = Join("Alice", 1);
+  host->Send("chat  hello }all ");
+  EXPECT_EQ(host->WaitFor("chat  \u00BBHosty"), "chat  \u00BBHosty: hello }all");
+  EXPECT_EQ(alice->WaitFor("chat Hosty"), "chat Hosty: hello }all");
+  alice->Send("chat back");
+  EXPECT_EQ(host->WaitFor("chat Alice"), "chat Alice: back");
+  EXPECT_EQ(alice->WaitFor("chat  \u00BBAlice"), "chat  \u00BBAlice: back")
+      << "the sender sees its line when the host sends it back";
+  host->Send("nodes");
+  EXPECT_EQ(host->WaitFor("nodes"), "nodes 2");
+  EXPECT_EQ(host->WaitFor("Alice"), "Alice");
+
+  // The host saves, starts another game, and loads the saved one again.
+  const auto saved = host->Show();
+  host->Send("save talk.vsh");
+  host->Send("new --name Other");
+  ASSERT_TRUE(alice->WaitFor("game Other")) << alice->Recent();
+  host->Send("load talk.vsh");
+  EXPECT_TRUE(alice->WaitFor("chat *** Hosty (host) has loaded a game: 'Talk")) << alice->Recent();
+  EXPECT_EQ(host->Show(), saved);
+  EXPECT_TRUE(ShowSame(*host, *alice));
+  NodeProcess loaded(
+      {"host", "--port", std::to_string(testing::FreeLoopbackPort()), "--game", "talk.vsh"},
+      folder_.Slashed());
+  EXPECT_EQ(loaded.Show(), saved) << "a host loads its --game before it listens";
+
+  host->Send("boot 1 too chatty");
+  EXPECT_TRUE(alice->WaitFor("chat ***** You are being booted by the host!")) << alice->Recent();
+  EXPECT_EQ(alice->WaitFor("chat REASON"), "chat REASON: 'too chatty'");
+  EXPECT_TRUE(host->WaitFor("chat      *** Alice has disconnected")) << host->Recent();
+  host->Send("nodes");
+  EXPECT_EQ(host->WaitFor("nodes"), "nodes 1");
+}
+
 }  // namespace
 }  // namespace varkesh
