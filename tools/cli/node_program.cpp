@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdio>
 #include <optional>
+#include <thread>
 
 #include "cli.h"
 #include "event_line.h"
@@ -115,7 +116,8 @@ void NodeRun::Start() {
   input_.emplace(0, QSocketNotifier::Read);
   QObject::connect(&*input_, &QSocketNotifier::activated, [this] { ReadInput(); });
 
-  if (pipe(signalPipe) == 0) {
+  // Non-blocking, so that a burst of signals can never stall the handler.
+  if (pipe2(signalPipe, O_NONBLOCK | O_CLOEXEC) == 0) {
     signals_.emplace(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(&*signals_, &QSocketNotifier::activated, [this] {
       char byte = 0;
@@ -187,8 +189,10 @@ void NodeRun::Finish() {
   pace_.stop();
   QElapsedTimer waited;
   waited.start();
-  while (BytesWaiting() && waited.elapsed() < kFlushLimitMs)
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+  while (BytesWaiting() && waited.elapsed() < kFlushLimitMs) {
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
   net::CloseSession(node_);
   QCoreApplication::processEvents();
   QCoreApplication::exit(0);
