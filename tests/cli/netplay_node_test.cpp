@@ -169,11 +169,25 @@ TEST_F(NetPlayNodeTest, AWholeGameEndsAlikeOnTheHostAndBothClients) {
   }
   EXPECT_TRUE(ShowSame(*host, *alice));
 
+  // White goes to the computer in the middle of Alice's selection, which the
+  // computer drops to play the turn; then the seat is hers again.
+  ASSERT_TRUE(ReachesTurn(*alice, 30 + kWhite)) << alice->Recent();
+  auto piece = FirstMarked(*alice->ShownGame(), kMarkMoveable);
+  ASSERT_TRUE(piece);
+  alice->Send("click " + std::to_string(piece->x) + " " + std::to_string(piece->y));
+  ASSERT_TRUE(host->WaitFor("mode 2")) << host->Recent();
+  host->Send("computer 1 1");
+  ASSERT_TRUE(ComputerTurn(*host, kWhite)) << host->Recent();
+  host->Send("assign 1 1");
+  ASSERT_TRUE(PlayTurn(*bob, *host, "")) << bob->Recent() << host->Recent();
+  ASSERT_TRUE(ComputerTurn(*host, kBlack)) << host->Recent();
+  ASSERT_TRUE(PlayTurn(*host, *host, "")) << host->Recent();
+
   // Then every human team gives up in its turn, and Black is left standing.
   ASSERT_TRUE(PlayTurn(*alice, *host, "resign")) << alice->Recent() << host->Recent();
   ASSERT_TRUE(PlayTurn(*bob, *host, "resign")) << bob->Recent() << host->Recent();
   ASSERT_TRUE(ComputerTurn(*host, kBlack)) << host->Recent();
-  ASSERT_TRUE(ReachesTurn(*host, 30 + kRed)) << host->Recent();
+  ASSERT_TRUE(ReachesTurn(*host, 40 + kRed)) << host->Recent();
   host->Send("resign");
   for (NodeProcess* node : {host.get(), alice.get(), bob.get()})
     ASSERT_TRUE(node->WaitFor("mode 7")) << node->Recent();
