@@ -69,10 +69,14 @@ class NetPlayNodeTest : public ::testing::Test {
         folder_.Slashed());
     EXPECT_TRUE(client->WaitFor("chat You are connected as Node #" + std::to_string(expectedNode)))
         << client->Recent();
+    // The host's game has come off the client's queue: seats given after
+    // this are not undone by it.
+    EXPECT_TRUE(client->WaitFor("mode ")) << client->Recent();
     return client;
   }
 
-  // Polls until the node's game is at that turn; false when it never gets there.
+  // Polls until the node's game is at that turn; false when it never gets
+  // there.
   static bool ReachesTurn(NodeProcess& node, int key) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (std::chrono::steady_clock::now() < deadline) {
@@ -91,16 +95,26 @@ class NetPlayNodeTest : public ::testing::Test {
     }
     return false;
   }
-  // Polls until both show the same game text.
-  static bool ShowSame(NodeProcess& a, NodeProcess& b) {
+  // Polls until both show the same game text; else names the first line that
+  // differs.
+  static ::testing::AssertionResult ShowSame(NodeProcess& a, NodeProcess& b) {
+    std::string difference = "no show";
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (std::chrono::steady_clock::now() < deadline) {
       auto shownA = a.Show();
       auto shownB = b.Show();
-      if (shownA && shownB && *shownA == *shownB) return true;
+      if (shownA && shownB) {
+        if (*shownA == *shownB) return ::testing::AssertionSuccess();
+        for (std::size_t i = 0; i < std::min(shownA->size(), shownB->size()); ++i)
+          if ((*shownA)[i] != (*shownB)[i]) {
+            difference =
+                "line " + std::to_string(i + 1) + ": " + (*shownA)[i] + " / " + (*shownB)[i];
+            break;
+          }
+      }
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
-    return false;
+    return ::testing::AssertionFailure() << difference;
   }
   static bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
