@@ -1,7 +1,7 @@
 // Everything the game logic asks of the world around it: boxes, dialogs,
 // labels, menus, sound, the network, yielding, the clock and the logs.
-// The desktop program implements it with Qt; tests and the command-line tool
-// use the scripted fake of src/flow.
+// The desktop program implements it with Qt, the command-line tool with
+// answers from its commands, and the tests with a scripted fake.
 #pragma once
 
 #include <string>

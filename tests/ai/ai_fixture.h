@@ -6,7 +6,7 @@
 
 #include "core/game.h"
 #include "core/new_game_data.h"
-#include "flow/scripted_outside.h"
+#include "support/scripted_outside.h"
 
 namespace varkesh::test {
 

@@ -5,7 +5,7 @@
 
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
-#include "flow/scripted_outside.h"
+#include "support/scripted_outside.h"
 
 namespace varkesh {
 namespace {

@@ -13,7 +13,7 @@
 #include "core/rules.h"
 #include "core/turn.h"
 #include "flow/main_loop.h"
-#include "flow/scripted_outside.h"
+#include "support/scripted_outside.h"
 #include "persist/temp_folder.h"
 
 namespace varkesh::testing {

@@ -59,5 +59,7 @@ int CmdEncode(const Args& args);
 int CmdScores(const Args& args);
 int CmdAimove(const Args& args);
 int CmdSelfplay(const Args& args);
+int CmdHost(const Args& args);
+int CmdJoin(const Args& args);
 
 }  // namespace varkesh::cli

@@ -2,13 +2,13 @@
 
 #include "ai/choice_ladder.h"
 #include "ai_position.h"
-#include "flow/scripted_outside.h"
+#include "headless_outside.h"
 
 namespace varkesh::cli {
 
 int CmdAimove(const Args& args) {
   AiPosition position = ReadAiPosition(args, "aimove FILE [--personality P]");
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   const AiChoice choice = ChooseAImove(position.game, outside, position.personality);
   if (choice.index == 0)
     std::printf("0 none\n");

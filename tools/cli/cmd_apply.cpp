@@ -20,7 +20,7 @@ int MarkOf(const Game& game, BoardSquare square) {
 }
 
 // One pass of the loop after a click, as the window reports it.
-void Click(Game& game, ScriptedOutside& outside, BoardSquare square, bool left) {
+void Click(Game& game, HeadlessOutside& outside, BoardSquare square, bool left) {
   game.clickPending = true;
   game.clickX = square.x;
   game.clickY = square.y;
@@ -45,7 +45,7 @@ int CmdApply(const Args& args) {
     if (optionLine < 0) Usage(kUsage);
   }
 
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
   game.netRole = kNetNone;
@@ -66,8 +66,8 @@ int CmdApply(const Args& args) {
   if (optionLine >= 0) outside.pawnOptionPicks.push_back(optionLine);
   Click(game, outside, to, false);
   FailOnReportedFault(outside);
-  if (optionLine >= 0 && !outside.pawnOptionDialogs.empty() &&
-      optionLine >= static_cast<int>(outside.pawnOptionDialogs.back().size()))
+  if (optionLine >= 0 && !outside.lastPawnOptions.empty() &&
+      optionLine >= static_cast<int>(outside.lastPawnOptions.size()))
     BadInput("varkesh-cli: the pawn has no option " + std::to_string(optionLine));
   PrintGame(game);
   return 0;

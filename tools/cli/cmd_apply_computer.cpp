@@ -33,7 +33,7 @@ int CmdApplyComputer(const Args& args) {
   const int toX = ParseInt(options.positional[3], kUsage);
   const int toY = ParseInt(options.positional[4], kUsage);
 
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
   game.netRole = kNetNone;

@@ -17,7 +17,7 @@ int CmdResign(const Args& args) {
   if (options.positional.size() != 1) Usage(kUsage);
   int concedeTeam = options.Has("to") ? ParseInt(options.Value("to"), kUsage) : kNoTeam;
 
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
   if (game.kingCaptureRule == kKingdomGained && options.Has("to")) {

@@ -2,14 +2,14 @@
 
 #include "ai/move_scoring.h"
 #include "ai_position.h"
-#include "flow/scripted_outside.h"
+#include "headless_outside.h"
 
 namespace varkesh::cli {
 
 int CmdScores(const Args& args) {
   AiPosition position = ReadAiPosition(args, "scores FILE [--personality P]");
   Game& game = position.game;
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   BuildAiMoveList(game);
   ScoreAiMoves(game, outside, position.personality, AiLog{});
   for (int i = 1; i <= game.moveList.Count(); ++i) {

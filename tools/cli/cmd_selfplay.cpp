@@ -80,7 +80,7 @@ bool ComputerOnTurn(const Game& game) {
   return game.gameMode == ModeComputerThinks || game.gameMode == ModeComputerMoves;
 }
 
-Result PlayGame(ScriptedOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
+Result PlayGame(HeadlessOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
                 int maxRounds) {
   const auto start = std::chrono::steady_clock::now();
   outside.newGameChoices.push_back(choice);
@@ -110,10 +110,8 @@ const char* TeamOrNone(int team) {
 
 int CmdSelfplay(const Args& args) {
   const Settings settings = ParseSettings(args);
-  ScriptedOutside outside;
+  HeadlessOutside outside;
   UseToolFolder(outside);
-  outside.SetMenuChecked(Menu::OptionsShowComp, false);
-  outside.SetMenuChecked(Menu::OptionsSfx, false);
 
   int won = 0;
   long long rounds = 0;

@@ -10,7 +10,7 @@
 
 namespace varkesh::cli {
 
-void UseToolFolder(ScriptedOutside& outside) {
+void UseToolFolder(HeadlessOutside& outside) {
   std::error_code error;
   std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) return;
@@ -21,18 +21,16 @@ void UseToolFolder(ScriptedOutside& outside) {
   outside.engine.logsOff = outside.engine.logPath.empty();
 }
 
-Game LoadForPlay(const std::string& path, ScriptedOutside& outside) {
+Game LoadForPlay(const std::string& path, HeadlessOutside& outside) {
   Game game = ReadGameFile(path);
   ResumeLoadedGame(game, outside);
   return game;
 }
 
-void FailOnReportedFault(const ScriptedOutside& outside) {
-  for (const ScriptedOutside::Message& message : outside.messages) {
-    if (message.title == "Varkesh Error")
-      BadInput("varkesh-cli: the game met a fault; details are in '" +
-               LogFile(outside.engine, "error_main.log") + "'");
-  }
+void FailOnReportedFault(const HeadlessOutside& outside) {
+  if (outside.faultReported)
+    BadInput("varkesh-cli: the game met a fault; details are in '" +
+             LogFile(outside.engine, "error_main.log") + "'");
 }
 
 void PrintGame(const Game& game) {

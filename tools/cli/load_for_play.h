@@ -1,24 +1,24 @@
-// What the playing commands of varkesh-cli share: the scripted outside of a
-// headless program, a game loaded to the start of its turn, and the output.
+// What the playing commands of varkesh-cli share: the outside of a headless
+// program in the tool's folder, a game loaded to the start of its turn, and the output.
 #pragma once
 
 #include <string>
 
 #include "core/game.h"
-#include "flow/scripted_outside.h"
+#include "headless_outside.h"
 
 namespace varkesh::cli {
 
 // The program folder is the tool's own, where the pack lies beside it.
-void UseToolFolder(ScriptedOutside& outside);
+void UseToolFolder(HeadlessOutside& outside);
 
 // Reads FILE (exit 1 when it is not a game) and starts the turn of the team
 // on turn as loading a saved game does: marks cleared, and for a human seat
 // the moveable pieces marked.
-Game LoadForPlay(const std::string& path, ScriptedOutside& outside);
+Game LoadForPlay(const std::string& path, HeadlessOutside& outside);
 
 // A fault that the game's error handler reported ends the command (exit 1).
-void FailOnReportedFault(const ScriptedOutside& outside);
+void FailOnReportedFault(const HeadlessOutside& outside);
 
 // The plain game text on standard output.
 void PrintGame(const Game& game);

@@ -1,6 +1,6 @@
-// An Outside with scripted answers and a record of everything shown, for
-// tests and the command-line tool. Every queue is used front first; when a
-// queue is empty the answer is the default named beside it.
+// An Outside with scripted answers and a record of everything shown, for the
+// tests. Every queue is used front first; when a queue is empty the answer is
+// the default named beside it.
 #pragma once
 
 #include <deque>

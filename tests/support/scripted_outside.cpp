@@ -1,4 +1,4 @@
-#include "flow/scripted_outside.h"
+#include "support/scripted_outside.h"
 
 #include <unistd.h>
 

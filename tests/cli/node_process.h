@@ -1,0 +1,58 @@
+// A varkesh-cli NetPlay node run by a test as a player would run it: its
+// standard input fed line by line, its standard output read line by line,
+// every wait bounded.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/game.h"
+
+namespace varkesh::testing {
+
+// A TCP port on the loopback that nothing listens on just now.
+int FreeLoopbackPort();
+
+class NodeProcess {
+ public:
+  // Runs VARKESH_CLI with these words in folder; its error output goes to
+  // folder/err-<pid>.txt.
+  NodeProcess(const std::vector<std::string>& words, const std::string& folder);
+  ~NodeProcess();
+  NodeProcess(const NodeProcess&) = delete;
+  NodeProcess& operator=(const NodeProcess&) = delete;
+
+  void Send(const std::string& line);
+  // Reads up to the first line that begins with prefix; nothing when the
+  // node says nothing of the kind within the time.
+  std::optional<std::string> WaitFor(const std::string& prefix, double seconds = 10.0);
+  // The "show" command: the lines of the plain game text, or none in time.
+  std::optional<std::vector<std::string>> Show();
+  std::optional<Game> ShownGame();
+  // The "seats" command: its four lines.
+  std::vector<std::string> Seats();
+
+  void Kill(int signal);
+  void CloseInput();
+  // The exit code, or -1 when the node has not ended within the time.
+  int WaitForExit(double seconds = 10.0);
+
+  // The last lines read, for the message of a failed check.
+  std::string Recent() const;
+
+ private:
+  std::optional<std::string> NextLine(std::chrono::steady_clock::time_point deadline);
+
+  pid_t pid_ = -1;
+  int input_ = -1;
+  int output_ = -1;
+  std::string buffer_;
+  std::vector<std::string> seen_;
+  int exitCode_ = -1;
+};
+
+}  // namespace varkesh::testing

@@ -1,0 +1,137 @@
+#include "headless_outside.h"
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <system_error>
+
+#include "persist/pack_reader.h"
+
+namespace varkesh::cli {
+
+namespace {
+
+template <class T>
+T TakeFront(std::deque<T>& queue, T fallback) {
+  if (queue.empty()) return fallback;
+  T value = std::move(queue.front());
+  queue.pop_front();
+  return value;
+}
+
+}  // namespace
+
+// Nothing waits for the eye: the computer's move is not previewed, and no
+// sound plays.
+HeadlessOutside::HeadlessOutside()
+    : enabled_{{Menu::Resign, false}},
+      checked_{{Menu::OptionIndicator, true}, {Menu::OptionsHints, true}, {Menu::History0, true}} {}
+
+HeadlessOutside::~HeadlessOutside() {
+  pack_.reset();
+  std::error_code ignored;
+  if (!tempDir_.empty()) std::filesystem::remove_all(tempDir_, ignored);
+}
+
+bool HeadlessOutside::IsMenuEnabled(Menu menu) const {
+  auto found = enabled_.find(menu);
+  return found == enabled_.end() || found->second;
+}
+
+void HeadlessOutside::SetMenuChecked(Menu menu, bool checked) {
+  checked_[menu] = checked;
+}
+
+void HeadlessOutside::Print(const std::string& line) const {
+  if (printEvent) printEvent(line);
+}
+
+void HeadlessOutside::ShowMessage(const std::string& title, const std::string& text) {
+  if (title == "Varkesh Error") faultReported = true;
+  Print("box " + title + ": " + text);
+}
+
+bool HeadlessOutside::AskYesNo(const std::string& title, const std::string& text) {
+  Print("box " + title + ": " + text);
+  return TakeFront(yesNoAnswers, true);
+}
+
+NewGameChoice HeadlessOutside::RunNewGameDialog(const PerTeam<int>&, const std::string&) {
+  return TakeFront(newGameChoices, NewGameChoice{});
+}
+
+int HeadlessOutside::RunPawnOptionsDialog(const std::vector<std::string>& lines) {
+  lastPawnOptions = lines;
+  int pick = TakeFront(pawnOptionPicks, -1);
+  return pick < static_cast<int>(lines.size()) ? pick : -1;
+}
+
+int HeadlessOutside::RunConcedeDialog(const std::vector<int>& teams) {
+  return TakeFront(concedePicks, teams.empty() ? 0 : teams.front());
+}
+
+std::string HeadlessOutside::LoadFileDialog(const std::string&, const std::string&,
+                                            const std::string&) {
+  return TakeFront(loadPaths, std::string());
+}
+
+std::string HeadlessOutside::SaveFileDialog(const std::string&, const std::string&,
+                                            const std::string&, const std::string&) {
+  return TakeFront(savePaths, std::string());
+}
+
+void HeadlessOutside::SetTurnLabel(const std::string& text) {
+  if (text == turnLabel) return;
+  turnLabel = text;
+  Print("turn " + text);
+}
+
+void HeadlessOutside::SetPieceLabel(const std::string&) {}
+
+void HeadlessOutside::SetGameDescription(const std::string& text) {
+  if (text == gameDescription) return;
+  gameDescription = text;
+  Print("game " + text);
+}
+
+void HeadlessOutside::SetMenuEnabled(Menu menu, bool enabled) {
+  enabled_[menu] = enabled;
+}
+
+bool HeadlessOutside::IsMenuChecked(Menu menu) const {
+  auto found = checked_.find(menu);
+  return found != checked_.end() && found->second;
+}
+
+void HeadlessOutside::ShowPauseButton(bool) {}
+
+void HeadlessOutside::PlaySound(const std::string&) {}
+
+std::string HeadlessOutside::ExtractEntry(const std::string& entry) {
+  if (!pack_) {
+    // A folder of its own: nodes and commands running side by side would
+    // otherwise rewrite each other's extracted files.
+    tempDir_ = std::filesystem::temp_directory_path() /
+               ("varkesh-cli-" + std::to_string(getpid()) + "-" +
+                std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+    std::filesystem::create_directories(tempDir_);
+    auto reader = std::make_unique<PackReader>();
+    reader->OpenPack(engine.appPath + "r.opk", tempDir_.string());
+    pack_ = std::move(reader);
+  }
+  return pack_->ExtractEntry(entry);
+}
+
+void HeadlessOutside::Yield() {
+  if (serveEvents) serveEvents();
+}
+
+double HeadlessOutside::Now() {
+  return EngineClock(engine);
+}
+
+GeneralEngine& HeadlessOutside::Engine() {
+  return engine;
+}
+
+}  // namespace varkesh::cli
