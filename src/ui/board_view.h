@@ -21,6 +21,12 @@ struct BoardViewHooks {
   std::function<bool(Menu)> isMenuChecked;
   std::function<double()> clock;  // seconds
   std::function<void(const std::string&)> showFrameRate;
+  // The name beside a human seat's keep in a NetPlay session; empty outside
+  // one, where the seat reads "Human".
+  std::function<std::string(const Game&, int team)> seatPlayerName;
+  // A line over the title and the empty board, as while a client waits for
+  // the host's game; empty for none.
+  std::function<std::string()> waitingNote;
 };
 
 class BoardView : public GameView {
@@ -52,6 +58,7 @@ class BoardView : public GameView {
   void DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell);
   void DrawMarker(int cellX, int row, int x, int y);
   void DrawPlayerNames(const Game& game);
+  void DrawWaitingNote();
   void DrawFlag(int team, int frame, int y);
 
   Gdi& gdi_;
