@@ -28,9 +28,8 @@ std::string ErrorStamp() {
 
 }  // namespace
 
-void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName,
-                      const std::string& module, const std::string& sub, int errNum,
-                      const std::string& description) {
+void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName, const std::string& module,
+                      const std::string& sub, int errNum, const std::string& description) {
   std::vector<std::string> lines = {"", "--------------------",
                                     "Error Generated at: " + ErrorStamp() + " ..."};
   if (!module.empty()) lines.push_back("Module = " + module);

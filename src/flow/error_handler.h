@@ -12,12 +12,11 @@ namespace varkesh {
 
 // Appends the framed block of a fault to the log file fileName of the
 // program's log folder; an empty module leaves out the "Module = " line.
-void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName,
-                      const std::string& module, const std::string& sub, int errNum,
-                      const std::string& description);
+void AppendErrorBlock(GeneralEngine& engine, const std::string& fileName, const std::string& module,
+                      const std::string& sub, int errNum, const std::string& description);
 
-void ReportError(Outside& outside, const std::string& module, const std::string& sub,
-                 int errNum, const std::string& description);
+void ReportError(Outside& outside, const std::string& module, const std::string& sub, int errNum,
+                 const std::string& description);
 
 // Runs body; a fault escaping it is reported under module and sub.
 template <class Body>

@@ -120,6 +120,17 @@ void LoadGame(Game& game, Outside& outside, const std::string& path) {
   TryLoadGame(game, outside, path);
 }
 
+bool LoadGameText(Game& game, Outside& outside, const std::string& text) {
+  bool loaded = false;
+  Guarded(outside, kModule, "LoadGame", [&] {
+    if (auto problem = ReadGameText(text, game))
+      throw std::runtime_error("The game sent by the host cannot be read: " + *problem);
+    loaded = true;
+    ResumeLoadedGame(game, outside);
+  });
+  return loaded;
+}
+
 std::string GameImage(Game& game, Outside& /*outside*/) {
   return WriteGameText(game);
 }

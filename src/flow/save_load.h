@@ -13,6 +13,9 @@ void SaveGame(Game& game, Outside& outside, const std::string& path);
 // running game stays exactly as it was and the error handler reports it.
 void LoadGame(Game& game, Outside& outside, const std::string& path);
 
+// The same for a game's plain text, as a host sends it; true when loaded.
+bool LoadGameText(Game& game, Outside& outside, const std::string& text);
+
 // Starts the game that has just been read at the beginning of its team's
 // turn: the labels, fresh marks, mode 1 or 8, the pause button.
 void ResumeLoadedGame(Game& game, Outside& outside);

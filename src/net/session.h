@@ -14,6 +14,15 @@
 
 namespace varkesh::net {
 
+// What a session takes from its peers at the most.
+inline constexpr int kMaxClients = 64;
+// Node numbers a client accepts from a host: far more than a host ever
+// hands out, far less than a table worth worrying about.
+inline constexpr int kMaxNodeNumber = 1024;
+// A message that has not ended by then is no message of ours.
+inline constexpr std::size_t kMaxMessageBytes = 64 * 1024;
+inline constexpr std::size_t kMaxNameBytes = 64;
+
 struct NetSession {
   // From the connect dialog.
   std::string hostAddress = kDefaultHost;
@@ -29,7 +38,10 @@ struct NetSession {
   // client, element 0 is the connection to the host. 0 is none.
   std::vector<ConnectionId> nodeConnections{0};
 
-  bool netErrorShown = false;  // for the rest of the run
+  // Set for the rest of the run once the notice of a NetPlay error was shown.
+  bool netErrorShown = false;
+  // Messages are being cut from the buffers; a nested arrival only appends.
+  bool cutting = false;
 
   // Whole game messages waiting to be applied, oldest first. Capacity grows
   // by 10 as it fills (0 on a host, 10 on a client when the session opens).

@@ -1,0 +1,30 @@
+#include "net/chat.h"
+#include "net/node_table.h"
+#include "net/sending.h"
+#include "net/text.h"
+
+namespace varkesh::net {
+
+namespace {
+
+bool CanBoot(const NetSession& session, int bootNode) {
+  return bootNode > 0 && bootNode <= session.nodeCount &&
+         session.nodeInUse[static_cast<std::size_t>(bootNode)];
+}
+
+}  // namespace
+
+std::string BootQuestion(const NetNode& node, int bootNode) {
+  if (!CanBoot(node.session, bootNode)) return {};
+  return "Reason for booting '" + NodeName(node.session, bootNode) +
+         "' ...\n  (leave blank to cancel)";
+}
+
+void BootNode(NetNode& node, int bootNode, const std::string& reason) {
+  const std::string trimmed = Trimmed(ShowableText(reason));
+  if (trimmed.empty() || !CanBoot(node.session, bootNode)) return;
+  // The booted client closes its line; the host then sees it leave.
+  SendToAllNodes(node, "GBOO}" + std::to_string(bootNode) + kFieldSeparator + trimmed, 0);
+}
+
+}  // namespace varkesh::net

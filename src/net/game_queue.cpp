@@ -1,0 +1,140 @@
+#include "net/game_queue.h"
+
+#include "core/labels.h"
+#include "core/resign.h"
+#include "core/rules.h"
+#include "flow/accept_move.h"
+#include "flow/error_handler.h"
+#include "flow/mode_steps.h"
+#include "flow/save_load.h"
+#include "net/seats.h"
+#include "net/sending.h"
+#include "net/text.h"
+
+namespace varkesh::net {
+
+namespace {
+
+constexpr int kQueueGrowth = 10;
+
+bool OnBoardOrZero(int coordinate) {
+  return coordinate >= 0 && coordinate < kBoardSide;
+}
+
+bool UpdatePieceMove(Game& game, std::string_view payload) {
+  std::vector<std::string_view> fields = SplitFields(payload);
+  if (fields.size() != 4) return false;
+  int numbers[4];
+  for (std::size_t i = 0; i < 4; ++i) {
+    numbers[i] = FieldNumber(fields[i]);
+    if (!OnBoardOrZero(numbers[i])) return false;
+  }
+  game.moveFromX = numbers[0];
+  game.moveFromY = numbers[1];
+  game.moveToX = numbers[2];
+  game.moveToY = numbers[3];
+  return true;
+}
+
+// The selection that the sender's new mode stands for, so that a watching
+// node shows what the node of the seat shows.
+void FollowMode(Game& game, Outside& outside) {
+  switch (game.gameMode) {
+    case ModeChoosePiece:
+      Relist(game, true);
+      break;
+    case ModeChooseDestination:
+    case ModeConfirmMove: {
+      const bool confirm = game.gameMode == ModeConfirmMove;
+      ShowPiece(game, outside, game.moveFromX, game.moveFromY, confirm ? game.moveToX : 0,
+                confirm ? game.moveToY : 0);
+      Relist(game, false);
+      FindMoves(game, game.moveFromX, game.moveFromY, true, false);
+      break;
+    }
+    default:
+      return;
+  }
+  game.turnClock = outside.Now();
+}
+
+bool UpdateGameState(NetNode& node, std::string_view payload) {
+  const int mode = FieldNumber(payload);
+  if (mode < ModeNoGame || mode > ModeComputerMoves) return false;
+  node.game.gameMode = mode;
+  FollowMode(node.game, node.outside);
+  return true;
+}
+
+bool AcceptNetMove(NetNode& node, std::string_view payload) {
+  std::vector<std::string_view> fields = SplitFields(payload);
+  if (fields.size() != 3) return false;
+  Game& game = node.game;
+  game.netMoveKind = FieldNumber(fields[0]);
+  game.netMoveArg1 = FieldNumber(fields[1]);
+  game.netMoveArg2 = FieldNumber(fields[2]);
+  NetAcceptMove(game, node.outside);
+  return true;
+}
+
+bool AcceptNetResign(NetNode& node, std::string_view payload) {
+  // Below 0 would ask this machine's player, as for the local Resign command.
+  const int team = FieldNumber(payload);
+  if (team < 0 || team > kTeamCount) return false;
+  Guarded(node.outside, "frmMain", "DoResign", [&] { DoResign(node.game, node.outside, team); });
+  return true;
+}
+
+bool LoadSentGame(NetNode& node, std::string_view payload) {
+  if (!LoadGameText(node.game, node.outside, std::string(payload))) return false;
+  UpdatePlayerNames(node);
+  return true;
+}
+
+bool ApplyGameMessage(NetNode& node, std::string_view message) {
+  const Message parts = SplitMessage(message);
+  if (parts.verb == "GLGF") return LoadSentGame(node, parts.payload);
+  if (parts.verb == "GUPM") return UpdatePieceMove(node.game, parts.payload);
+  if (parts.verb == "GUGS") return UpdateGameState(node, parts.payload);
+  if (parts.verb == "GAMV") return AcceptNetMove(node, parts.payload);
+  if (parts.verb == "GRES") return AcceptNetResign(node, parts.payload);
+  return false;
+}
+
+}  // namespace
+
+void AddToGameQ(NetSession& session, std::string message) {
+  if (static_cast<int>(session.gameQueue.size()) >= session.gameQueueSize)
+    session.gameQueueSize += kQueueGrowth;
+  session.gameQueue.push_back(std::move(message));
+}
+
+void ProcessGameQ(NetNode& node) {
+  if (node.session.gameQueue.empty()) return;
+  std::string message = std::move(node.session.gameQueue.front());
+  node.session.gameQueue.pop_front();
+  if (!ApplyGameMessage(node, message))
+    ReportNetError(node, "ProcessGameQ", 1,
+                   "A game message was dropped: '" +
+                       ShowableText(SplitMessage(message).verb.substr(0, 4)) +
+                       "' with a payload that does not fit it");
+}
+
+void ServeGameQueue(NetNode& node) {
+  if (node.game.netRole != kNetNone && !node.session.gameQueue.empty()) ProcessGameQ(node);
+}
+
+void CatchUpClient(NetNode& node, int clientNode) {
+  Game& game = node.game;
+  SendToNode(node, clientNode, ControlMessage(game));
+  const int mode = game.gameMode;
+  if (mode != ModeChoosePiece && mode != ModeChooseDestination && mode != ModeConfirmMove &&
+      mode != ModeComputerThinks)
+    return;
+  SendToNode(node, clientNode, "GLGF}" + GameImage(game, node.outside));
+  SendToNode(node, clientNode,
+             NumberMessage("GUPM", {game.moveFromX, game.moveFromY, game.moveToX, game.moveToY}));
+  SendToNode(node, clientNode, NumberMessage("GUGS", {mode}));
+}
+
+}  // namespace varkesh::net

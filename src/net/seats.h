@@ -1,0 +1,19 @@
+// Who plays each team in a session: the GCNC message and its reading.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "net/node.h"
+
+namespace varkesh::net {
+
+// "GCNC}" and, for each team, its player kind and its seat node.
+std::string ControlMessage(const Game& game);
+// Client: a GCNC payload into the seats; false (and nothing changed) when
+// it is not eight numbers of known kinds and nodes.
+bool BreakDownNodeControl(NetNode& node, std::string_view payload);
+// The four seat captions of the window, anew.
+void UpdatePlayerNames(NetNode& node);
+
+}  // namespace varkesh::net

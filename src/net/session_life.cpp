@@ -1,0 +1,247 @@
+#include "flow/error_handler.h"
+#include "net/chat.h"
+#include "net/dispatch.h"
+#include "net/node_table.h"
+#include "net/seats.h"
+#include "net/sending.h"
+
+namespace varkesh::net {
+
+namespace {
+
+// The error number and text of a send that finds no open connection.
+constexpr int kClosedConnectionError = 40006;
+constexpr const char* kClosedConnectionText =
+    "Wrong protocol or connection state for the requested transaction or request";
+
+constexpr Menu kClientLockedMenus[] = {Menu::GameNew, Menu::GameLoad, Menu::GameSave};
+
+bool AllSeatsHuman(const Game& game) {
+  for (int kind : game.playerKinds)
+    if (kind != kHuman) return false;
+  return true;
+}
+
+// Host: node n has gone; its seats fall back to the host's player.
+void NodeLeft(NetNode& node, int n) {
+  NetSession& session = node.session;
+  const std::size_t at = static_cast<std::size_t>(n);
+  const std::string name = session.nodeNames[at];
+  AddMessage(node, "");
+  AddMessage(node, "     *** " + name + " has disconnected");
+  AddMessage(node, "");
+  session.nodeInUse[at] = false;
+  SendNotice(node, "     *** " + name + " has disconnected");
+  session.nodeNames[at].clear();
+  session.nodeBuffers[at].clear();
+  node.transport.Close(session.nodeConnections[at]);
+  session.nodeConnections[at] = 0;
+  bool seatFell = false;
+  for (int& seat : node.game.seatNode) {
+    if (seat != n) continue;
+    seat = 0;
+    seatFell = true;
+  }
+  if (seatFell) {
+    SendToAllNodes(node, ControlMessage(node.game), 0);
+    UpdatePlayerNames(node);
+  }
+  SendNodeList(node);
+}
+
+// The host's port or the client's line to the host is gone; the game on
+// the screen stays and every seat is this program's now.
+void LostConnection(NetNode& node) {
+  Game& game = node.game;
+  if (game.netRole == kNetHosting) {
+    AddMessage(node, "*** You're hosting port has closed.");
+    AddMessage(node, "===================================");
+    node.view.SetHostControlsEnabled(false);
+  } else {
+    AddMessage(node, "*** You have been disconnected from the host.");
+    AddMessage(node, "=============================================");
+  }
+  node.view.SetChatEnabled(false);
+  node.transport.Close(0);
+  game.seatNode = {};
+  game.myNodeId = 0;
+  ResetNodeTables(node.session, "");
+}
+
+}  // namespace
+
+SessionLink::SessionLink(NetNode& node) : node_(node) {
+  node_.transport.SetEvents(this);
+  node_.outside.AttachNetLink(this);
+}
+
+SessionLink::~SessionLink() {
+  node_.transport.SetEvents(nullptr);
+  if (node_.outside.AttachedNetLink() == this) node_.outside.AttachNetLink(nullptr);
+}
+
+void SessionLink::OnAccepted(ConnectionId connection) {
+  NetNode& node = node_;
+  NetSession& session = node.session;
+  int clients = 0;
+  for (int n = 1; n <= session.nodeCount; ++n)
+    clients += session.nodeInUse[static_cast<std::size_t>(n)];
+  if (node.game.netRole != kNetHosting || clients >= kMaxClients) {
+    node.transport.Send(connection,
+                        "GMSG}*** This session is full: " + std::to_string(kMaxClients) +
+                            " players at the most." + kMessageEnd);
+    node.transport.Close(connection);
+    return;
+  }
+  const int n = GetNextNode(session);
+  const std::size_t at = static_cast<std::size_t>(n);
+  session.nodeConnections[at] = connection;
+  session.nodeInUse[at] = true;
+  session.nodeBuffers[at].clear();
+  SendToNode(node, n, "GYNI}" + std::to_string(n));
+}
+
+void SessionLink::OnConnected(ConnectionId connection) {
+  NetSession& session = node_.session;
+  session.nodeConnections[0] = connection;
+  session.nodeBuffers[0].clear();
+  AddMessage(node_, "... host has answered.");
+  AddMessage(node_, "");
+  node_.game.netRole = kNetClient;
+}
+
+void SessionLink::OnData(ConnectionId connection, std::string_view bytes) {
+  NetSession& session = node_.session;
+  const int n = NodeOfConnection(session, connection);
+  if (n < 0) return;
+  std::string& buffer = session.nodeBuffers[static_cast<std::size_t>(n)];
+  buffer.append(bytes);
+  // A peer that never ends its message must not fill this program's memory.
+  const std::size_t lastEnd = buffer.rfind(kMessageEnd);
+  const std::size_t open =
+      lastEnd == std::string::npos ? buffer.size() : buffer.size() - lastEnd - 1;
+  if (open > kMaxMessageBytes) {
+    ReportNetError(node_, "comm.DataArrival", 7,
+                   "A message longer than " + std::to_string(kMaxMessageBytes) +
+                       " bytes; the connection is closed");
+    buffer.clear();
+    if (node_.game.netRole == kNetHosting && n > 0)
+      NodeLeft(node_, n);
+    else
+      LostConnection(node_);
+    return;
+  }
+  CutStreams(node_);
+}
+
+void SessionLink::OnClosed(ConnectionId connection) {
+  const int n = NodeOfConnection(node_.session, connection);
+  if (n < 0) return;
+  if (node_.game.netRole == kNetHosting && n > 0)
+    NodeLeft(node_, n);
+  else
+    LostConnection(node_);
+}
+
+void SessionLink::OnError(ConnectionId, int number, const std::string& description) {
+  ReportNetError(node_, "comm.Error", number, description);
+}
+
+void SessionLink::SendToAll(const std::string& chunk, int skipNode) {
+  SendToAllNodes(node_, chunk, skipNode);
+}
+
+void SessionLink::SendToClient(int clientNum, const std::string& chunk) {
+  SendToNode(node_, clientNum, chunk);
+}
+
+void SendToNode(NetNode& node, int clientNum, const std::string& chunk) {
+  const NetSession& session = node.session;
+  const std::size_t at = static_cast<std::size_t>(clientNum);
+  const ConnectionId connection =
+      clientNum >= 0 && at < session.nodeConnections.size() ? session.nodeConnections[at] : 0;
+  if (connection == 0) {
+    ReportNetError(node, "SendToClient", kClosedConnectionError, kClosedConnectionText);
+    return;
+  }
+  std::string framed = chunk;
+  framed += kMessageEnd;
+  node.transport.Send(connection, framed);
+}
+
+void SendToAllNodes(NetNode& node, const std::string& chunk, int skipNode) {
+  for (int n = 1; n <= node.session.nodeCount; ++n)
+    if (node.session.nodeInUse[static_cast<std::size_t>(n)] && n != skipNode)
+      SendToNode(node, n, chunk);
+}
+
+bool OpenAsHost(NetNode& node) {
+  Game& game = node.game;
+  NetSession& session = node.session;
+  node.outside.SetMenuEnabled(Menu::NetPlay, false);
+  game.localPlayerName = CleanName(game.localPlayerName);
+  ResetNodeTables(session, game.localPlayerName);
+  session.gameQueue.clear();
+  session.gameQueueSize = 0;
+  game.myNodeId = 0;
+  node.view.SetNodeList({{game.localPlayerName + " (host/you)", 0}}, 0);
+  UpdatePlayerNames(node);
+  std::string error;
+  if (!node.transport.Listen(session.netPort, error)) {
+    ReportNetError(node, "Form.Load", 10048, error);
+    game.netRole = kNetNone;
+    node.outside.SetMenuEnabled(Menu::NetPlay, true);
+    return false;
+  }
+  node.view.SetChatEnabled(true);
+  node.view.SetHostControlsEnabled(true);
+  game.netRole = kNetHosting;
+  AddMessage(node, "Hosting as '" + game.localPlayerName +
+                       "' on IP=" + node.transport.LocalAddress() +
+                       ", Port=" + std::to_string(session.netPort) + " ...");
+  AddMessage(node, "");
+  return true;
+}
+
+void OpenAsClient(NetNode& node) {
+  Game& game = node.game;
+  NetSession& session = node.session;
+  node.outside.SetMenuEnabled(Menu::NetPlay, false);
+  for (Menu menu : kClientLockedMenus) node.outside.SetMenuEnabled(menu, false);
+  node.outside.ShowPauseButton(false);
+  game.localPlayerName = CleanName(game.localPlayerName);
+  ResetNodeTables(session, "");
+  session.gameQueue.clear();
+  session.gameQueueSize = 10;
+  node.view.SetChatEnabled(false);
+  node.transport.Connect(session.hostAddress, session.netPort);
+  AddMessage(node, "Connecting as '" + game.localPlayerName + "' on IP=" + session.hostAddress +
+                       ", Port=" + std::to_string(session.netPort) + " ...");
+}
+
+void CloseSession(NetNode& node) {
+  Game& game = node.game;
+  node.transport.Close(0);
+  ResetNodeTables(node.session, "");
+  node.session.gameQueue.clear();
+  game.netRole = kNetNone;
+  for (Menu menu : kClientLockedMenus) node.outside.SetMenuEnabled(menu, true);
+  node.outside.SetMenuEnabled(Menu::NetPlay, true);
+  const int mode = game.gameMode;
+  const bool underWay = mode != ModeNoGame && mode != ModeTitle && mode != ModeGameOver &&
+                        mode != ModeVictorySetUp && mode != ModeVictory;
+  node.outside.ShowPauseButton(underWay && !AllSeatsHuman(game));
+}
+
+void ReportNetError(NetNode& node, const std::string& sub, int number,
+                    const std::string& description) {
+  AppendErrorBlock(node.outside.Engine(), "error_netplay.log", "", sub, number, description);
+  if (node.session.netErrorShown) return;
+  node.session.netErrorShown = true;
+  AddMessage(node,
+             "A NetPlay error has been detected.  Details are being written to a log file: "
+             "'error_netplay.log'",
+             kErrorNoticeColour);
+}
+
+}  // namespace varkesh::net
