@@ -139,7 +139,10 @@ void MainWindow::BuildNetPlayMenu() {
 }
 
 void MainWindow::OpenNetPlay(int role) {
-  if (netPlay_) return;
+  // The menu is off while a session lasts; its keys may still come.
+  if (netPlay_ && netPlay_->IsOpen() && game_.netRole != kNetNone) return;
+  // What is left of a host that could not listen gives way to the new one.
+  EndNetPlay();
   game_.netRole = role;
   ConnectDialog dialog(game_, this);
   CentreOnOwner(dialog, this);

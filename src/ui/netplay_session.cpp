@@ -24,6 +24,11 @@ NetPlaySession::NetPlaySession(Game& game, Outside& outside, MainWindow& owner,
   if (!hosting) {
     session_->hostAddress = choice.hostAddress;
     window_->HideHostControls();
+    // A client without a game waits on the title, which says so.
+    if (game.gameMode == ModeNoGame) {
+      game.modeAfterTitle = ModeNoGame;
+      game.gameMode = ModeTitle;
+    }
   }
   window_->show();
   if (hosting)
@@ -50,6 +55,8 @@ void NetPlaySession::End() {
   if (!open_) return;
   net::CloseSession(*node_);
   open_ = false;
+  // The board's names and notes go back to those of a game on one machine.
+  node_->game.boardChanged = true;
   emit Ended();
 }
 
