@@ -114,7 +114,7 @@ TEST(ChatWindow, ResizingKeepsTheSmallestSizeAndStretchesOnlyTheChat) {
   EXPECT_EQ(Child<QPushButton>(window, "cmdAgr2").geometry(), seatButton);
 }
 
-TEST(ChatWindow, ItsPlaceIsKeptAndOnlyTheUsersCloseAsks) {
+TEST(ChatWindow, ItsPlaceIsKeptAndTheProgramsOwnCloseAsksNothing) {
   QTemporaryDir folder;
   SettingsStore store(folder.filePath("settings.ini").toStdString());
   Game game;
