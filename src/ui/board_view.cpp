@@ -19,7 +19,7 @@ constexpr Rgb kNameColour{255, 255, 255};
 constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
     {{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
 const FontDescription kNoteFont{"Sans", 12, true};
-constexpr int kNoteY = 560;
+constexpr int kNoteY = 188;               // under the title's subtitle, above its board
 constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
 constexpr int kFrameRateSpan = 250;       // milliseconds
 

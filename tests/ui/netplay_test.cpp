@@ -150,6 +150,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   RunningProgram host, bo, cy;
   ASSERT_TRUE(host.Started() && bo.Started() && cy.Started());
 
+  ASSERT_TRUE(host.WaitFor([&] { return host.game().titleLoaded && bo.game().titleLoaded; }));
   OpenNetPlay(host, "mnuNetPlayHost", "Ada", port, "connect-hosting");
   ChatWindow& hostChat = Chat(host);
   EXPECT_EQ(hostChat.windowTitle(), "Varkesh NetPlay");
