@@ -63,7 +63,6 @@ ChatWindow::ChatWindow(Game& game, SettingsStore* settings, QWidget* owner)
     : QWidget(owner, Qt::Window), game_(game), settings_(settings) {
   setObjectName("frmChat");
   setWindowTitle("Varkesh NetPlay");
-  setAttribute(Qt::WA_DeleteOnClose, false);
   QPalette shade = palette();
   shade.setColor(QPalette::Window, kBackground);
   setPalette(shade);

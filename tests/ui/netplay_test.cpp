@@ -174,7 +174,14 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
     EXPECT_FALSE(bo.window().menuAction(menu).isEnabled());
   EXPECT_EQ(bo.game().gameMode, ModeTitle);
   Shoot(bo.window(), "netplay-waiting");
+  {  // Cy has passed the title and declined a game of its own
+    const auto cancel = test::WhenModalOpens([](QWidget& dialog) { Click(dialog, "cmdCancel"); });
+    cy.ClickSquare(8, 8);
+    ASSERT_TRUE(
+        cy.WaitFor([&] { return !cancel->isActive() && cy.game().gameMode == ModeNoGame; }));
+  }
   OpenNetPlay(cy, "mnuNetPlayConnect", "Cy", port);
+  EXPECT_EQ(cy.game().gameMode, ModeTitle) << "a client without a game waits on the title";
   const QStringList everyone{"Ada (host/you)", "Bo", "Cy"};
   ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host) == everyone; }))
       << NodeLines(host).join('|').toStdString();
@@ -304,6 +311,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_EQ(bo.game().netRole, kNetNone);
   for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
     EXPECT_TRUE(bo.window().menuAction(menu).isEnabled());
+  EXPECT_FALSE(bo.window().view().PauseButton().isHidden()) << "White is the computer's";
   EXPECT_FALSE(bo.settings().Read("ChatWidth").empty());
   EXPECT_EQ(bo.settings().Read("ChatWindow"), "0");
   ASSERT_TRUE(HistoryShows(host, "     *** Bo has disconnected"));
