@@ -23,10 +23,10 @@ struct BoardViewHooks {
   std::function<void(const std::string&)> showFrameRate;
   // The name beside a human seat's keep in a NetPlay session; empty outside
   // one, where the seat reads "Human".
-  std::function<std::string(const Game&, int team)> seatPlayerName;
+  std::function<std::string(const Game&, int team)> seatPlayerName{};
   // A line over the title and the empty board, as while a client waits for
   // the host's game; empty for none.
-  std::function<std::string()> waitingNote;
+  std::function<std::string()> waitingNote{};
 };
 
 class BoardView : public GameView {

@@ -139,6 +139,7 @@ void ChatWindow::BuildSeatRows() {
 }
 
 void ChatWindow::HideHostControls() {
+  exit_->move(boot_->pos());
   boot_->hide();
   assignTitle_->hide();
   computerTitle_->hide();
