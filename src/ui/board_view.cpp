@@ -1,5 +1,7 @@
 #include "ui/board_view.h"
 
+#include <QFont>
+#include <QFontMetrics>
 #include <QString>
 #include <array>
 #include <exception>
@@ -18,6 +20,8 @@ constexpr Rgb kNameColour{255, 255, 255};
 // White, Blue, Black, Red: beside the tips of their keeps.
 constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
     {{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
+const FontDescription kNoteFont{"Sans", 12, true};
+constexpr int kNoteY = 188;               // under the title's subtitle, above its board
 constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
 constexpr int kFrameRateSpan = 250;       // milliseconds
 
@@ -79,15 +83,28 @@ void BoardView::DrawBoardWithPieces(Game& game) {
   gdi_.Blit(art_.boardCanvas, 0, 0, gdi_.PictureWidth(art_.boardCanvas),
             gdi_.PictureHeight(art_.boardCanvas), art_.backBuffer, 0, 0, RasterOp::Copy);
   DrawPlayerNames(game);
+  if (game.gameMode == ModeNoGame) DrawWaitingNote();
   game.viewChanged = true;
 }
 
 void BoardView::DrawPlayerNames(const Game& game) {
   for (int team = 1; team <= kTeamCount; ++team) {
     PixelPoint at = kNamePlaces[static_cast<std::size_t>(team - 1)];
-    gdi_.DrawText(art_.backBuffer, art_.boardFont, kNameColour, at.x, at.y,
-                  PlayerLabel(TeamEntry(game.playerKinds, team)));
+    const int kind = TeamEntry(game.playerKinds, team);
+    std::string name =
+        kind == kHuman && hooks_.seatPlayerName ? hooks_.seatPlayerName(game, team) : std::string();
+    if (name.empty()) name = PlayerLabel(kind);
+    gdi_.DrawText(art_.backBuffer, art_.boardFont, kNameColour, at.x, at.y, name);
   }
+}
+
+void BoardView::DrawWaitingNote() {
+  const std::string note = hooks_.waitingNote ? hooks_.waitingNote() : std::string();
+  if (note.empty()) return;
+  const QFontMetrics metrics(QFont(QString::fromStdString(kNoteFont.name), kNoteFont.size,
+                                   kNoteFont.bold ? QFont::Bold : QFont::Normal));
+  const int width = metrics.horizontalAdvance(QString::fromStdString(note));
+  gdi_.DrawText(art_.backBuffer, kNoteFont, kNameColour, (kViewPixels - width) / 2, kNoteY, note);
 }
 
 void BoardView::ShowHistory(Game& game) {
@@ -220,11 +237,14 @@ void BoardView::LoadTitle() {
 
 void BoardView::ShowTitle() {
   // Shown on each pass of the title: copied again only when something was
-  // drawn over it.
-  if (titleDrawn_ != gdi_.DrawsOn(art_.view)) {
+  // drawn over it or the note under it changed.
+  const std::string note = hooks_.waitingNote ? hooks_.waitingNote() : std::string();
+  if (titleDrawn_ != gdi_.DrawsOn(art_.view) || note != titleNote_) {
     gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
               0, 0, RasterOp::Copy);
+    DrawWaitingNote();
     titleDrawn_ = gdi_.DrawsOn(art_.view);
+    titleNote_ = note;
   }
   gdi_.ShowViewport(art_.view);
 }

@@ -24,6 +24,12 @@ struct BoardViewHooks {
   std::function<bool(Menu)> isMenuChecked;
   std::function<double()> clock;  // seconds
   std::function<void(const std::string&)> showFrameRate;
+  // The name beside a human seat's keep in a NetPlay session; empty outside
+  // one, where the seat reads "Human".
+  std::function<std::string(const Game&, int team)> seatPlayerName{};
+  // A line over the title and the empty board, as while a client waits for
+  // the host's game; empty for none.
+  std::function<std::string()> waitingNote{};
 };
 
 class BoardView : public GameView {
@@ -55,6 +61,7 @@ class BoardView : public GameView {
   void DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell);
   void DrawMarker(int cellX, int row, int x, int y);
   void DrawPlayerNames(const Game& game);
+  void DrawWaitingNote();
   void DrawFlag(int team, int frame, int y);
 
   Gdi& gdi_;
@@ -65,6 +72,7 @@ class BoardView : public GameView {
   // The count of draws on the back buffer right after the title or a hint
   // was drawn: while it stands, the picture is still there as drawn.
   std::optional<std::uint64_t> titleDrawn_;
+  std::string titleNote_;
   std::optional<std::pair<Hint, std::uint64_t>> hintDrawn_;
   double strobeLastDrawn_ = 0.0;
 };

@@ -12,6 +12,9 @@
 #include "flow/error_handler.h"
 #include "flow/new_game.h"
 #include "flow/save_load.h"
+#include "ui/connect_dialog.h"
+#include "ui/dialog_placement.h"
+#include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
 #include "ui/view_widget.h"
 #include "ui/window_layout.h"
@@ -45,7 +48,7 @@ QLabel* NamedLabel(const char* objectName, Qt::Alignment alignment, QWidget* par
 }  // namespace
 
 MainWindow::MainWindow(Game& game, const DesktopServices& services)
-    : game_(game), outside_(std::make_unique<QtOutside>(*this, services)) {
+    : game_(game), services_(services), outside_(std::make_unique<QtOutside>(*this, services)) {
   setObjectName("frmMain");
   setWindowTitle("Varkesh");
 
@@ -152,11 +155,40 @@ void MainWindow::BuildGameMenu() {
 
 void MainWindow::BuildNetPlayMenu() {
   QMenu* menu = AddMenu("mnuNetPlay", "&NetPlay", Menu::NetPlay);
-  const auto missing = [this] {
-    outside_->ShowMessage("NetPlay", "NetPlay is not available in this version of Varkesh.");
-  };
-  AddCommand(menu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H, missing);
-  AddCommand(menu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C, missing);
+  AddCommand(menu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H,
+             [this] { OpenNetPlay(kNetHostDialog); });
+  AddCommand(menu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C,
+             [this] { OpenNetPlay(kNetConnectDialog); });
+}
+
+void MainWindow::OpenNetPlay(int role) {
+  // The menu is off while a session lasts; its keys may still come.
+  if (netPlay_ && netPlay_->IsOpen() && game_.netRole != kNetNone) return;
+  // What is left of a host that could not listen gives way to the new one.
+  EndNetPlay();
+  game_.netRole = role;
+  ConnectDialog dialog(game_, this);
+  CentreOnOwner(dialog, this);
+  dialog.exec();
+  if (game_.netRole == kNetNone) return;
+  netPlay_ = std::make_unique<NetPlaySession>(game_, *outside_, *this, services_.settings,
+                                              dialog.Choice());
+  // Destroyed from the event loop: the window that ends it is still in its
+  // close handler.
+  connect(netPlay_.get(), &NetPlaySession::Ended, this, [this, ended = netPlay_.get()] {
+    QMetaObject::invokeMethod(
+        this,
+        [this, ended] {
+          if (netPlay_.get() == ended) netPlay_.reset();
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void MainWindow::EndNetPlay() {
+  if (!netPlay_) return;
+  netPlay_->CloseBySystem();
+  netPlay_.reset();
 }
 
 void MainWindow::BuildOptionsMenu() {

@@ -10,6 +10,7 @@
 
 #include "core/game.h"
 #include "core/outside.h"
+#include "ui/qt_outside.h"
 
 class QAction;
 class QLabel;
@@ -17,8 +18,7 @@ class QMenu;
 
 namespace varkesh {
 
-struct DesktopServices;
-class QtOutside;
+class NetPlaySession;
 class ViewWidget;
 
 // The chapters of the local help that stand in for the game's web pages
@@ -62,6 +62,11 @@ class MainWindow : public QMainWindow {
   // loop does not advance inside an event.
   bool CommandRunning() const { return commandDepth_ > 0; }
 
+  // The open NetPlay session, or null.
+  NetPlaySession* netPlay() { return netPlay_.get(); }
+  // As the program ends: the session closes without a question.
+  void EndNetPlay();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -82,8 +87,11 @@ class MainWindow : public QMainWindow {
   QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
                       const QKeySequence& key, std::function<void()> body);
   void LayOutInnerArea();
+  // The connect dialog for role 1 (host) or 3 (client), then the session.
+  void OpenNetPlay(int role);
 
   Game& game_;
+  DesktopServices services_;
   std::unique_ptr<QtOutside> outside_;
   QLabel* gameDescription_ = nullptr;
   QLabel* turn_ = nullptr;
@@ -91,6 +99,7 @@ class MainWindow : public QMainWindow {
   ViewWidget* view_ = nullptr;
   std::map<Menu, QAction*> menus_;
   int commandDepth_ = 0;
+  std::unique_ptr<NetPlaySession> netPlay_;
 };
 
 }  // namespace varkesh

@@ -6,6 +6,7 @@
 #include "flow/save_load.h"
 #include "ui/board_view.h"
 #include "ui/main_window.h"
+#include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
 #include "ui/startup.h"
 #include "ui/stop_signal.h"
@@ -59,8 +60,11 @@ void ProgramLoop::Tick() {
   // The system ends the session: no question about an unsaved game can be answered.
   if (StopSignalled()) game.quitRequested = true;
   // Paused, or a menu command waits in its dialog: only events run.
-  if (!game.quitRequested && !game.paused && !window.CommandRunning())
+  if (!game.quitRequested && !game.paused && !window.CommandRunning()) {
+    NetPlaySession* netPlay = window.netPlay();
+    if (netPlay != nullptr && netPlay->IsOpen()) net::ServeGameQueue(netPlay->node());
     RunPass(game, window.outside(), *program_.view);
+  }
   window.view().SyncPauseCaption();
   if (game.quitRequested) {
     End();

@@ -9,6 +9,7 @@ namespace varkesh {
 class Documents;
 class MainWindow;
 class PackReader;
+class SettingsStore;
 class SoundPlayer;
 
 // What the window and the logic use of the world beyond the window.
@@ -17,6 +18,8 @@ struct DesktopServices {
   PackReader& pack;
   SoundPlayer& sound;
   Documents& documents;
+  // Where the NetPlay window keeps its place; none in some tests.
+  SettingsStore* settings = nullptr;
 };
 
 class QtOutside : public Outside {

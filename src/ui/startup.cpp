@@ -10,6 +10,7 @@
 #include "engine/gdi.h"
 #include "ui/board_view.h"
 #include "ui/main_window.h"
+#include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
 #include "ui/view_widget.h"
 
@@ -85,6 +86,19 @@ void StartDrawing(Program& program) {
   view.SetScreenImage([&gdi, mainView]() -> const QImage& { return gdi.ScreenImage(mainView); });
 }
 
+std::string SeatName(MainWindow& window, const Game& game, int team) {
+  NetPlaySession* netPlay = window.netPlay();
+  if (netPlay == nullptr || game.netRole == kNetNone) return "";
+  return net::SeatPlayerName(game, netPlay->session(), team);
+}
+
+// A client that has joined sees no game until the host starts or loads one.
+std::string WaitingNote(const Game& game) {
+  const bool client = game.netRole == kNetConnectDialog || game.netRole == kNetClient;
+  if (!client || (game.gameMode != ModeTitle && game.gameMode != ModeNoGame)) return "";
+  return "Waiting for the host to start or load a game ...";
+}
+
 // Opens the pack and loads the board's pictures from it. Throws when the pack
 // is missing or damaged.
 std::unique_ptr<BoardView> LoadBoard(Program& program) {
@@ -110,7 +124,9 @@ std::unique_ptr<BoardView> LoadBoard(Program& program) {
                        const QString shown = QString::fromStdString(text);
                        if (!frameRate.isHidden() && frameRate.text() != shown)
                          frameRate.setText(shown);
-                     }});
+                     },
+                     [&window](const Game& game, int team) { return SeatName(window, game, team); },
+                     [&program] { return WaitingNote(program.game); }});
 }
 
 }  // namespace
@@ -122,8 +138,8 @@ bool StartUp(Program& program, const CommandLine& commandLine, const std::string
   if (!program.settings) program.settings = std::make_unique<SettingsStore>();
   if (!program.documents) program.documents = std::make_unique<DesktopDocuments>(program.engine);
   program.window = std::make_unique<MainWindow>(
-      program.game,
-      DesktopServices{program.engine, program.pack, program.sound, *program.documents});
+      program.game, DesktopServices{program.engine, program.pack, program.sound, *program.documents,
+                                    program.settings.get()});
   MainWindow& window = *program.window;
 
   if (!program.folders) program.folders = FindUserFolders();
@@ -161,6 +177,7 @@ bool StartUp(Program& program, const CommandLine& commandLine, const std::string
 }
 
 void ShutDown(Program& program) {
+  program.window->EndNetPlay();
   program.pack.ClosePack();
   program.gdi->ShutdownGraphics();
   ShutdownGeneralEngine(program.engine);

@@ -103,5 +103,24 @@ TEST_F(BoardViewTest, AMoveEndsInTheCaptureCellOnlyOnAnotherTeamsPiece) {
   EXPECT_EQ(Pixel(12, 10, 30, 3), Cell(kMoveEndCell, kPreviewRow));
 }
 
+TEST_F(BoardViewTest, AHumanSeatInASessionIsNamedByItsPlayerAComputerSeatByItsKind) {
+  std::string sessionName;
+  BoardViewHooks hooks{nullptr, [](Menu) { return false; }, [] { return 0.0; }, {}};
+  hooks.seatPlayerName = [&sessionName](const Game&, int) { return sessionName; };
+  BoardView named(gdi, engine, art, hooks);
+  const QRect whiteName(325, 578, 150, 20);
+  const auto drawn = [&](BoardView& view, int whiteKind) {
+    game.playerKinds[0] = whiteKind;
+    game.boardChanged = true;
+    view.DrawBoardWithPieces(game);
+    return gdi.Picture(art.backBuffer).copy(whiteName);
+  };
+  const QImage human = drawn(*boardView, kHuman);
+  EXPECT_EQ(drawn(named, kHuman), human) << "outside a session the seat reads Human";
+  sessionName = "Bo the Bold";
+  EXPECT_NE(drawn(named, kHuman), human);
+  EXPECT_EQ(drawn(named, kAggressive), drawn(*boardView, kAggressive));
+}
+
 }  // namespace
 }  // namespace varkesh

@@ -1,0 +1,351 @@
+// NetPlay between whole programs in one process, joined over a loopback
+// port: the connect dialog, seats, a move played by clicks on a client,
+// chat both ways, a seat taken over by the computer mid-selection, a boot
+// and the closing question. Under VARKESH_SCREENSHOTS it also takes the
+// pictures of the documentation, and it always prints how long a host's
+// move takes to appear on a client's board.
+#include <QAction>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPainter>
+#include <QTcpServer>
+#include <QTextBlock>
+#include <QTextEdit>
+#include <algorithm>
+#include <iostream>
+
+#include "ui/chat_window.h"
+#include "ui/netplay_session.h"
+#include "ui_test_support.h"
+
+namespace varkesh {
+namespace {
+
+using test::RunningProgram;
+
+template <class T>
+T& Child(QWidget& parent, const QString& name) {
+  T* child = parent.findChild<T*>(name);
+  if (child == nullptr) throw std::runtime_error("no control " + name.toStdString());
+  return *child;
+}
+
+void Click(QWidget& parent, const QString& name) {
+  QTest::mouseClick(&Child<QAbstractButton>(parent, name), Qt::LeftButton);
+}
+
+int FreePort() {
+  QTcpServer probe;
+  if (!probe.listen(QHostAddress::LocalHost, 0)) return 0;
+  return probe.serverPort();
+}
+
+void Shoot(QWidget& window, const char* name, QWidget* dialog = nullptr) {
+  const QString folder = qEnvironmentVariable("VARKESH_SCREENSHOTS");
+  if (folder.isEmpty()) return;
+  QTest::qWait(400);  // the strobe moves on, the chat box scrolls
+  QPixmap shot = window.grab();
+  if (dialog != nullptr) QPainter(&shot).drawPixmap(dialog->pos() - window.pos(), dialog->grab());
+  EXPECT_TRUE(QDir().mkpath(folder) && shot.save(folder + "/" + name + ".png")) << name;
+}
+
+ChatWindow& Chat(RunningProgram& run) {
+  NetPlaySession* netPlay = run.window().netPlay();
+  if (netPlay == nullptr) throw std::runtime_error("no NetPlay session is open");
+  return netPlay->window();
+}
+
+QString History(RunningProgram& run) {
+  return Child<QTextEdit>(Chat(run), "txtHistory").toPlainText();
+}
+
+QStringList NodeLines(RunningProgram& run) {
+  QStringList lines;
+  auto& list = Child<QListWidget>(Chat(run), "lstNodes");
+  for (int i = 0; i < list.count(); ++i) lines << list.item(i)->text();
+  return lines;
+}
+
+QString SeatCaption(RunningProgram& run, int team) {
+  return Child<QLabel>(Chat(run), "lblPlayerName" + QString::number(team - 1)).text();
+}
+
+void SelectNode(RunningProgram& run, int node) {
+  auto& list = Child<QListWidget>(Chat(run), "lstNodes");
+  for (int i = 0; i < list.count(); ++i)
+    if (list.item(i)->data(Qt::UserRole).toInt() == node) list.setCurrentRow(i);
+}
+
+// Through the NetPlay menu and the connect dialog, as the player does it.
+void OpenNetPlay(RunningProgram& run, const char* entry, const QString& name, int port,
+                 const char* shot = nullptr) {
+  const auto fill = test::WhenModalOpens([&](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Varkesh (NetPlay)");
+    auto& connect = Child<QPushButton>(dialog, "cmdConnect");
+    EXPECT_FALSE(connect.isEnabled()) << "no name yet";
+    QTest::keyClicks(&Child<QLineEdit>(dialog, "txtName"), name);
+    auto& portBox = Child<QLineEdit>(dialog, "txtPort");
+    EXPECT_EQ(portBox.text(), "5337");
+    portBox.setText(QString::number(port));
+    if (shot != nullptr) Shoot(run.window(), shot, &dialog);
+    QTest::mouseClick(&connect, Qt::LeftButton);
+  });
+  run.window().findChild<QAction*>(entry)->trigger();
+}
+
+void Say(RunningProgram& run, const QString& text) {
+  auto& entry = Child<QLineEdit>(Chat(run), "txtChat");
+  entry.setFocus();
+  QTest::keyClicks(&entry, text);
+  QTest::keyClick(&entry, Qt::Key_Return);
+}
+
+bool HistoryShows(RunningProgram& run, const QString& line) {
+  return run.WaitFor([&] { return History(run).split('\n').contains(line); }, 10000);
+}
+
+bool SameBoards(RunningProgram& a, RunningProgram& b) {
+  return a.game().board.squares == b.game().board.squares &&
+         a.game().currentTeam == b.game().currentTeam;
+}
+
+// Selects a piece and its first destination on this program's board.
+void Select(RunningProgram& run, BoardSquare from) {
+  run.ClickSquare(from.x, from.y);
+  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+  const BoardSquare to = run.game().moveablePieces[1];
+  run.ClickSquare(to.x, to.y);
+  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+}
+
+// Confirms the selected move on the host and waits until each client has
+// drawn it; gives the milliseconds from the click to the slowest drawing.
+double ConfirmOnHost(RunningProgram& host, const std::vector<RunningProgram*>& clients) {
+  const int team = host.game().currentTeam;
+  const int x = host.game().moveToX, y = host.game().moveToY;
+  // The clients apply one message a pass: they first catch up with the
+  // selection, so that only the confirming move is timed.
+  for (RunningProgram* client : clients)
+    if (!client->WaitFor(ModeConfirmMove, team)) ADD_FAILURE() << "the selection did not arrive";
+  QElapsedTimer clock;
+  clock.start();
+  host.ClickSquare(x, y, Qt::RightButton);
+  const auto drawn = [&](RunningProgram& client) {
+    const Game& game = client.game();
+    return game.board.at(x, y).team == team && game.history[0].team == team &&
+           game.currentTeam != team && !game.boardChanged;
+  };
+  for (RunningProgram* client : clients)
+    while (!drawn(*client) && clock.elapsed() < 10000)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+  return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+}
+
+TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
+  const int port = FreePort();
+  ASSERT_NE(port, 0);
+  RunningProgram host, bo, cy;
+  ASSERT_TRUE(host.Started() && bo.Started() && cy.Started());
+
+  ASSERT_TRUE(host.WaitFor([&] { return host.game().titleLoaded && bo.game().titleLoaded; }));
+  OpenNetPlay(host, "mnuNetPlayHost", "Ada", port, "connect-hosting");
+  ChatWindow& hostChat = Chat(host);
+  EXPECT_EQ(hostChat.windowTitle(), "Varkesh NetPlay");
+  EXPECT_FALSE(hostChat.isModal());
+  EXPECT_EQ(host.game().netRole, kNetHosting);
+  EXPECT_FALSE(host.window().menuAction(Menu::NetPlay).isEnabled());
+  EXPECT_TRUE(History(host).startsWith("Hosting as 'Ada' on IP="));
+  EXPECT_EQ(NodeLines(host), QStringList{"Ada (host/you)"});
+  EXPECT_EQ(SeatCaption(host, kWhite), "Ada(host/you)");
+
+  // The client waits on the title for a game of the host's.
+  OpenNetPlay(bo, "mnuNetPlayConnect", "Bo", port, "connect-joining");
+  ChatWindow& boChat = Chat(bo);
+  EXPECT_FALSE(Child<QPushButton>(boChat, "cmdChat").isEnabled()) << "before its node number";
+  ASSERT_TRUE(bo.WaitFor([&] { return Child<QPushButton>(boChat, "cmdChat").isEnabled(); }));
+  EXPECT_EQ(bo.game().netRole, kNetClient);
+  for (const char* hidden : {"cmdBoot", "cmdAssign0", "cmdAgr1", "cmdDef3", "lblCompOpp"})
+    EXPECT_TRUE(Child<QWidget>(boChat, hidden).isHidden()) << hidden;
+  EXPECT_FALSE(Child<QWidget>(boChat, "cmdExit").isHidden());
+  for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
+    EXPECT_FALSE(bo.window().menuAction(menu).isEnabled());
+  EXPECT_EQ(bo.game().gameMode, ModeTitle);
+  Shoot(bo.window(), "netplay-waiting");
+  {  // Cy has passed the title and declined a game of its own
+    const auto cancel = test::WhenModalOpens([](QWidget& dialog) { Click(dialog, "cmdCancel"); });
+    cy.ClickSquare(8, 8);
+    ASSERT_TRUE(
+        cy.WaitFor([&] { return !cancel->isActive() && cy.game().gameMode == ModeNoGame; }));
+  }
+  OpenNetPlay(cy, "mnuNetPlayConnect", "Cy", port);
+  EXPECT_EQ(cy.game().gameMode, ModeTitle) << "a client without a game waits on the title";
+  const QStringList everyone{"Ada (host/you)", "Bo", "Cy"};
+  ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host) == everyone; }))
+      << NodeLines(host).join('|').toStdString();
+  ASSERT_TRUE(HistoryShows(bo, "     *** Cy has joined."));
+  EXPECT_EQ(NodeLines(bo), (QStringList{"Ada (host)", "Bo (you)", "Cy"}));
+
+  // The host starts a game of four human seats; everyone follows it.
+  {
+    const auto start = test::WhenModalOpens([](QWidget& dialog) { Click(dialog, "cmdStart"); });
+    host.ClickSquare(8, 8);
+    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
+  }
+  ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
+  ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_TRUE(bo.window().view().PauseButton().isHidden());
+
+  // White goes to Bo, Red to Cy.
+  SelectNode(host, 1);
+  Click(hostChat, "cmdAssign0");
+  SelectNode(host, 2);
+  Click(hostChat, "cmdAssign3");
+  ASSERT_TRUE(bo.WaitFor([&] { return SeatCaption(bo, kWhite) == "Bo(you)"; }));
+  EXPECT_EQ(SeatCaption(host, kWhite), "Bo");
+  EXPECT_EQ(SeatCaption(bo, kBlue), "Ada(host)");
+  ASSERT_TRUE(HistoryShows(cy, "     *** Red is now controlled by Cy"));
+
+  // Bo plays White by clicks; the host and Cy see it.
+  const Board before = host.game().board;
+  bo.ClickSquare(7, 14);
+  ASSERT_TRUE(bo.WaitFor(ModeChooseDestination));
+  ASSERT_TRUE(host.WaitFor(ModeChooseDestination)) << "the selection is mirrored";
+  bo.ClickSquare(6, 12);
+  ASSERT_TRUE(bo.WaitFor(ModeConfirmMove));
+  bo.ClickSquare(6, 12, Qt::RightButton);
+  ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
+  EXPECT_EQ(host.game().board.at(6, 12).piece, kKnight);
+  EXPECT_EQ(host.game().board.at(6, 12).team, kWhite);
+  EXPECT_NE(host.game().board.squares, before.squares);
+  ASSERT_TRUE(cy.WaitFor([&] { return SameBoards(cy, host); }));
+  Shoot(host.window(), "netplay-board");
+
+  // The host plays Blue and Black, Cy plays Red, Bo White, a few rounds:
+  // the host's moves are timed to the clients' boards.
+  std::vector<double> delays;
+  for (int round = 0; round < 3; ++round) {
+    for (int team : {kBlue, kBlack}) {
+      ASSERT_TRUE(host.WaitFor(ModeChoosePiece, team));
+      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().moveablePieces[1]));
+      delays.push_back(ConfirmOnHost(host, {&bo, &cy}));
+      ASSERT_TRUE(SameBoards(bo, host) && SameBoards(cy, host));
+    }
+    ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kRed));
+    ASSERT_NO_FATAL_FAILURE(Select(cy, cy.game().moveablePieces[1]));
+    cy.ClickSquare(cy.game().moveToX, cy.game().moveToY, Qt::RightButton);
+    ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
+    if (round < 2) {
+      ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().moveablePieces[1]));
+      bo.ClickSquare(bo.game().moveToX, bo.game().moveToY, Qt::RightButton);
+    }
+  }
+  std::sort(delays.begin(), delays.end());
+  std::cout << "[ timing ] host's confirming click to both clients' boards drawn: median "
+            << delays[delays.size() / 2] << " ms, min " << delays.front() << " ms, max "
+            << delays.back() << " ms over " << delays.size() << " moves\n";
+  EXPECT_LT(delays.back(), 1000.0);
+
+  // Chat both ways: blanks send nothing, "}" goes through, one's own lines
+  // stand in italics.
+  Say(bo, "   ");
+  EXPECT_EQ(Child<QLineEdit>(boChat, "txtChat").text(), "   ");
+  Child<QLineEdit>(boChat, "txtChat").clear();
+  Say(bo, "GCHT}a move}or two");
+  EXPECT_TRUE(Child<QLineEdit>(boChat, "txtChat").text().isEmpty());
+  ASSERT_TRUE(HistoryShows(host, "Bo: GCHT}a move}or two"));
+  ASSERT_TRUE(HistoryShows(bo, QString::fromUtf8(" \u00bbBo: GCHT}a move}or two")))
+      << "the host sends the line back; it is Bo's own";
+  Say(host, "Good } move, Bo");
+  ASSERT_TRUE(HistoryShows(bo, "Ada: Good } move, Bo"));
+  ASSERT_TRUE(HistoryShows(cy, "Ada: Good } move, Bo"));
+  const QTextDocument& hostLines = *Child<QTextEdit>(hostChat, "txtHistory").document();
+  const QTextBlock own = hostLines.find(QString::fromUtf8(" \u00bbAda: Good")).block();
+  ASSERT_TRUE(own.isValid());
+  EXPECT_TRUE(own.begin().fragment().charFormat().fontItalic());
+  EXPECT_TRUE(own.begin().fragment().charFormat().font().bold());
+  Say(cy, "gg");
+  ASSERT_TRUE(HistoryShows(host, "Cy: gg"));
+  Shoot(hostChat, "netplay-host");
+  Shoot(boChat, "netplay-client");
+
+  // Bo has a White piece chosen when the host gives White to the computer:
+  // the computer takes the turn at once, on every board.
+  ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().moveablePieces[1]));
+  ASSERT_TRUE(host.WaitFor(ModeConfirmMove, kWhite));
+  Click(hostChat, "cmdDef0");
+  EXPECT_EQ(host.game().gameMode, ModeComputerThinks);
+  ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
+  EXPECT_EQ(host.game().history[0].team, kWhite);
+  ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host); }));
+  EXPECT_EQ(SeatCaption(bo, kWhite), "Comp (Def)");
+  EXPECT_EQ(bo.game().playerKinds[0], kDefensive);
+
+  // Cy is booted while holding Red: Red falls back to the host.
+  const auto reason = test::WhenModalOpens([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "Boot User");
+    EXPECT_TRUE(box.findChild<QLabel*>()->text().startsWith("Reason for booting 'Cy' ..."));
+    box.findChild<QLineEdit*>()->setText("  lag  ");
+    QTest::keyClick(box.findChild<QLineEdit*>(), Qt::Key_Return);
+  });
+  SelectNode(host, 2);
+  Click(hostChat, "cmdBoot");
+  ASSERT_TRUE(HistoryShows(cy, "***** You are being booted by the host!"));
+  EXPECT_TRUE(History(cy).contains("REASON: 'lag'"));
+  ASSERT_TRUE(HistoryShows(host, "     *** Cy has disconnected"));
+  ASSERT_TRUE(HistoryShows(bo, "   *** Cy is being booted by the host."));
+  ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host).size() == 2; }));
+  EXPECT_EQ(host.game().seatNode[3], 0);
+  EXPECT_EQ(SeatCaption(host, kRed), "Ada(host/you)");
+  EXPECT_EQ(cy.game().netRole, kNetClient) << "a booted client keeps its window";
+
+  // Bo leaves: No keeps the window, Yes closes it and gives the menus back.
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    const auto asked = test::AnswerQuestion("Exit NetPlay?", answer);
+    Click(boChat, "cmdExit");
+    ASSERT_TRUE(bo.WaitFor([&] { return !asked->isActive(); }, 5000));
+  }
+  ASSERT_TRUE(bo.WaitFor([&] { return bo.window().netPlay() == nullptr; }));
+  EXPECT_EQ(bo.game().netRole, kNetNone);
+  for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
+    EXPECT_TRUE(bo.window().menuAction(menu).isEnabled());
+  EXPECT_FALSE(bo.window().view().PauseButton().isHidden()) << "White is the computer's";
+  EXPECT_FALSE(bo.settings().Read("ChatWidth").empty());
+  EXPECT_EQ(bo.settings().Read("ChatWindow"), "0");
+  ASSERT_TRUE(HistoryShows(host, "     *** Bo has disconnected"));
+  EXPECT_EQ(host.game().seatNode, (PerTeam<int>{0, 0, 0, 0}));
+
+  // The host's program ends with its NetPlay window open: no question.
+  host.game().gameSaved = true;
+  host.window().close();
+  ASSERT_TRUE(host.WaitFor([&] { return host.Ended(); }));
+  EXPECT_FALSE(host.settings().Read("ChatTop").empty());
+}
+
+TEST(NetPlay, AHostThatCannotListenSaysSoAndGivesTheMenuBack) {
+  QTcpServer taken;
+  ASSERT_TRUE(taken.listen(QHostAddress::Any, 0));
+  RunningProgram host;
+  OpenNetPlay(host, "mnuNetPlayHost", "Ada", taken.serverPort());
+  EXPECT_EQ(host.game().netRole, kNetNone);
+  EXPECT_TRUE(host.window().menuAction(Menu::NetPlay).isEnabled());
+  EXPECT_TRUE(History(host).contains("A NetPlay error has been detected."));
+  EXPECT_FALSE(Child<QPushButton>(Chat(host), "cmdChat").isEnabled());
+}
+
+TEST(NetPlay, CancellingTheConnectDialogOpensNothing) {
+  RunningProgram run;
+  const auto cancel = test::WhenModalOpens([](QWidget& dialog) {
+    EXPECT_TRUE(Child<QLineEdit>(dialog, "txtIP").isHidden());
+    Click(dialog, "cmdCancel");
+  });
+  run.window().findChild<QAction*>("mnuNetPlayHost")->trigger();
+  EXPECT_EQ(run.game().netRole, kNetNone);
+  EXPECT_EQ(run.window().netPlay(), nullptr);
+  EXPECT_TRUE(run.window().menuAction(Menu::NetPlay).isEnabled());
+}
+
+}  // namespace
+}  // namespace varkesh
