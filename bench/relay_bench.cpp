@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "flow/new_game.h"
-#include "flow/scripted_outside.h"
+#include "support/scripted_outside.h"
 #include "net/node.h"
 #include "net/node_table.h"
 #include "net/qt_transport.h"

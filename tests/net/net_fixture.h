@@ -1,0 +1,152 @@
+// A NetPlay table in one process: a host and clients, each a game with its
+// session, joined over the in-process network and driven pass by pass.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "flow/main_loop.h"
+#include "flow/new_game.h"
+#include "net/fake_network.h"
+#include "net/node.h"
+#include "persist/game_text.h"
+#include "persist/temp_folder.h"
+#include "support/scripted_outside.h"
+
+namespace varkesh::testing {
+
+// What the NetPlay window would show.
+struct RecordingView : net::NetView {
+  std::vector<std::string> lines;  // each chat line without its line end
+  std::vector<std::vector<net::ChatRun>> runs;
+  std::vector<net::NodeLine> nodeLines;
+  PerTeam<std::string> captions;
+  bool chatEnabled = false;
+  bool hostControlsEnabled = false;
+
+  void AppendChat(const std::vector<net::ChatRun>& added, int) override {
+    std::string line;
+    for (const net::ChatRun& run : added) line += run.text;
+    if (line.size() >= 2) line.resize(line.size() - 2);
+    lines.push_back(line);
+    runs.push_back(added);
+  }
+  void SetNodeList(const std::vector<net::NodeLine>& list, int) override { nodeLines = list; }
+  void SetSeatCaptions(const PerTeam<std::string>& seats) override { captions = seats; }
+  void SetChatEnabled(bool enabled) override { chatEnabled = enabled; }
+  void SetHostControlsEnabled(bool enabled) override { hostControlsEnabled = enabled; }
+  bool Saw(const std::string& line) const {
+    for (const std::string& shown : lines)
+      if (shown == line) return true;
+    return false;
+  }
+};
+
+// One program of the session.
+struct Peer {
+  Game game;
+  net::NetSession session;
+  ScriptedOutside outside;
+  RecordingView view;
+  net::FakeTransport& transport;
+  net::NetNode node{game, session, outside, view, transport};
+  net::SessionLink link{node};
+  GameView screen;
+
+  Peer(net::FakeTransport& endpoint, const std::string& folder, const std::string& name)
+      : transport(endpoint) {
+    outside.engine.appPath = folder;
+    outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
+    outside.SetMenuChecked(Menu::OptionsShowComp, false);
+    outside.SetMenuChecked(Menu::OptionsSfx, false);
+    game.random = Random::Zero();
+    game.localPlayerName = name;
+  }
+  // One pass of the main loop: a game message, then the step of the mode.
+  void Pass() {
+    net::ServeGameQueue(node);
+    RunPass(game, outside, screen);
+  }
+  void Click(int x, int y, bool left = true) {
+    game.clickPending = true;
+    game.clickX = x;
+    game.clickY = y;
+    game.clickLeft = left;
+    game.clickRight = !left;
+  }
+  std::string Text() const { return WriteGameText(game); }
+};
+
+inline constexpr int kTablePort = 5337;
+
+class NetTable : public ::testing::Test {
+ protected:
+  TempFolder folder;
+  net::FakeNetwork network;
+  std::unique_ptr<Peer> host;
+  std::vector<std::unique_ptr<Peer>> clients;
+
+  NetTable() {
+    host = std::make_unique<Peer>(network.AddEndpoint("10.0.0.1"), folder.Slashed(), "Ann");
+    host->game.netRole = kNetHostDialog;
+    host->session.netPort = kTablePort;
+    EXPECT_TRUE(net::OpenAsHost(host->node));
+  }
+
+  Peer& Join(const std::string& name) {
+    clients.push_back(std::make_unique<Peer>(network.AddEndpoint(), folder.Slashed(), name));
+    Peer& client = *clients.back();
+    client.game.netRole = kNetConnectDialog;
+    client.session.netPort = kTablePort;
+    net::OpenAsClient(client.node);
+    network.Pump();
+    return client;
+  }
+
+  // The host starts a game of four human seats, all the host's at first.
+  void StartGame(int gameType = kAnarchy, PerTeam<int> players = {}) {
+    NewGameChoice choice{true, gameType, kKingdomLost, players, "Table"};
+    host->outside.newGameChoices.push_back(choice);
+    NewGameCommand(host->game, host->outside);
+    network.Pump();
+  }
+
+  std::vector<Peer*> All() {
+    std::vector<Peer*> all{host.get()};
+    for (auto& client : clients) all.push_back(client.get());
+    return all;
+  }
+  // Passes on every program, with the network pumped in between, until all
+  // queues are empty.
+  void Settle(int passes = 4) {
+    for (int round = 0; round < passes; ++round) {
+      for (Peer* peer : All()) peer->Pass();
+      network.Pump();
+    }
+    for (int guard = 0; guard < 200; ++guard) {
+      bool waiting = false;
+      for (Peer* peer : All()) waiting = waiting || !peer->session.gameQueue.empty();
+      if (!waiting) return;
+      for (Peer* peer : All()) peer->Pass();
+      network.Pump();
+    }
+  }
+  // A human move on the program that holds the seat, one click a pass.
+  void Move(Peer& peer, int fromX, int fromY, int toX, int toY) {
+    for (auto [x, y, left] :
+         {std::tuple{fromX, fromY, true}, {toX, toY, true}, {toX, toY, false}}) {
+      peer.Click(x, y, left);
+      peer.Pass();
+      network.Pump();
+    }
+  }
+  void ExpectSameGames() {
+    for (auto& client : clients)
+      EXPECT_EQ(client->Text(), host->Text()) << client->game.localPlayerName;
+  }
+};
+
+}  // namespace varkesh::testing

@@ -1,0 +1,84 @@
+// Joining, leaving, the node list, seats, chat and boot between a host and
+// clients on the in-process network.
+#include "net/net_fixture.h"
+#include "net/wire.h"
+
+namespace varkesh::testing {
+namespace {
+
+const std::string kSep(1, kFieldSeparator);
+const std::string kEnd(1, net::kMessageEnd);
+
+// A client that speaks the wire by hand and records what it receives.
+struct RawClient : net::TransportEvents {
+  net::FakeTransport& transport;
+  net::ConnectionId connection = 0;
+  std::string received;
+  explicit RawClient(net::FakeTransport& endpoint) : transport(endpoint) {
+    transport.SetEvents(this);
+    transport.Connect("localhost", kTablePort);
+  }
+  void OnAccepted(net::ConnectionId) override {}
+  void OnConnected(net::ConnectionId id) override { connection = id; }
+  void OnData(net::ConnectionId, std::string_view bytes) override { received.append(bytes); }
+  void OnClosed(net::ConnectionId) override { connection = 0; }
+  void OnError(net::ConnectionId, int, const std::string&) override {}
+  void Send(const std::string& message) { transport.Send(connection, message + kEnd); }
+  std::vector<std::string> Messages() const {
+    std::vector<std::string> messages;
+    std::string rest = received;
+    while (auto message = net::TakeMessage(rest)) messages.push_back(*message);
+    return messages;
+  }
+};
+
+TEST_F(NetTable, JoiningGivesNumbersNamesAndTheListToEveryone) {
+  EXPECT_TRUE(host->view.Saw("Hosting as 'Ann' on IP=10.0.0.1, Port=5337 ..."));
+  Peer& bob = Join("Bob");
+  Peer& cid = Join("Cid");
+  EXPECT_EQ(bob.game.netRole, kNetClient);
+  EXPECT_EQ(cid.game.myNodeId, 2);
+  EXPECT_TRUE(cid.view.Saw("You are connected as Node #2") && cid.view.chatEnabled);
+  EXPECT_TRUE(bob.view.Saw("     *** Cid has joined.") &&
+              host->view.Saw("     *** Cid has joined."));
+  const std::vector<net::NodeLine> hostList = {{"Ann (host/you)", 0}, {"Bob", 1}, {"Cid", 2}};
+  const std::vector<net::NodeLine> bobList = {{"Ann (host)", 0}, {"Bob (you)", 1}, {"Cid", 2}};
+  EXPECT_EQ(host->view.nodeLines, hostList);
+  EXPECT_EQ(bob.view.nodeLines, bobList);
+}
+
+TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  Join("Cid");
+  RawClient watcher(network.AddEndpoint());
+  network.Pump();
+  watcher.Send("GMNI}Dee");
+  net::AssignSeat(host->node, kBlue, 2);
+  net::AssignSeat(host->node, kRed, 2);
+  network.Pump();
+  EXPECT_EQ(bob.game.seatNode, (PerTeam<int>{0, 2, 0, 2}));
+  EXPECT_EQ(bob.view.captions[1], "Cid");
+
+  watcher.received.clear();
+  network.Break(clients[1]->transport, clients[1]->session.nodeConnections[0]);
+  network.Pump();
+  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{}));
+  EXPECT_TRUE(host->view.Saw("     *** Cid has disconnected"));
+  const std::vector<std::string> told = watcher.Messages();
+  ASSERT_EQ(told.size(), 3u);
+  EXPECT_EQ(told[0], "GMSG}     *** Cid has disconnected");
+  EXPECT_EQ(told[1], "GCNC}0" + kSep + "0" + kSep + "0" + kSep + "0" + kSep + "0" + kSep + "0" +
+                         kSep + "0" + kSep + "0");
+  EXPECT_EQ(told[2], "GCNL}3" + kSep + "Ann" + kSep + "Bob" + kSep + "\xFF" + kSep + "Dee");
+  EXPECT_EQ(bob.view.captions[1], "Ann(host)");
+
+  Peer& eve = Join("Eve");
+  EXPECT_EQ(eve.game.myNodeId, 2);
+  EXPECT_EQ(host->session.nodeCount, 3);
+  EXPECT_EQ(watcher.Messages().back(),
+            "GCNL}3" + kSep + "Ann" + kSep + "Bob" + kSep + "Eve" + kSep + "Dee");
+}
+
+}  // namespace
+}  // namespace varkesh::testing
