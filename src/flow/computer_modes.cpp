@@ -65,6 +65,9 @@ void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
   for (Menu menu : kMenusLockedWhileThinking) outside.SetMenuEnabled(menu, false);
   int chosen = 0;
   Guarded(outside, "modVarkesh", "GetAImove", [&] { chosen = GetAImove(game, outside); });
+  // The weighing marked this team's pieces on this machine alone; the other
+  // machines of a session must hold the same board.
+  ClearMarks(game);
   if (chosen < 1 || chosen > game.moveList.Count()) return ResignForComputer(game, outside);
 
   const MoveRec& move = game.moveList[chosen];

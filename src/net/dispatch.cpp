@@ -64,7 +64,16 @@ bool DispatchClient(NetNode& node, const std::string& message) {
   const std::string_view verb = parts.verb;
   if (verb == "GYNI") return TakeNodeNumber(node, parts.payload);
   if (verb == "GCNL") return BreakDownNodeList(node, parts.payload);
-  if (verb == "GCNC") return BreakDownNodeControl(node, parts.payload);
+  if (verb == "GCNC") {
+    // A game still waiting in the queue would bring back the seats of its
+    // image: the new seats go through the queue behind it as well.
+    for (const std::string& waiting : node.session.gameQueue)
+      if (SplitMessage(waiting).verb == "GLGF") {
+        AddToGameQ(node.session, message);
+        break;
+      }
+    return BreakDownNodeControl(node, parts.payload);
+  }
   if (verb == "GLGF" || IsGameVerb(verb)) {
     AddToGameQ(node.session, message);
     return true;

@@ -98,6 +98,7 @@ bool ApplyGameMessage(NetNode& node, std::string_view message) {
   if (parts.verb == "GUGS") return UpdateGameState(node, parts.payload);
   if (parts.verb == "GAMV") return AcceptNetMove(node, parts.payload);
   if (parts.verb == "GRES") return AcceptNetResign(node, parts.payload);
+  if (parts.verb == "GCNC") return BreakDownNodeControl(node, parts.payload);
   return false;
 }
 
@@ -128,8 +129,9 @@ void CatchUpClient(NetNode& node, int clientNode) {
   Game& game = node.game;
   SendToNode(node, clientNode, ControlMessage(game));
   const int mode = game.gameMode;
+  // A computer move under way (mode 9) is carried out by the joiner too.
   if (mode != ModeChoosePiece && mode != ModeChooseDestination && mode != ModeConfirmMove &&
-      mode != ModeComputerThinks)
+      mode != ModeComputerThinks && mode != ModeComputerMoves)
     return;
   SendToNode(node, clientNode, "GLGF}" + GameImage(game, node.outside));
   SendToNode(node, clientNode,

@@ -80,5 +80,26 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
             "GCNL}3" + kSep + "Ann" + kSep + "Bob" + kSep + "Eve" + kSep + "Dee");
 }
 
+TEST_F(NetTable, SeatsGivenWhileAJoinerLoadsTheGameSurviveItsLoading) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  ASSERT_FALSE(bob.session.gameQueue.empty()) << "the catch-up waits in the queue";
+  net::GiveSeatToComputer(host->node, kBlack, kBalanced);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(bob.game.playerKinds, host->game.playerKinds);
+  ExpectSameGames();
+}
+
+TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
+  StartGame(kAnarchy, {kBalanced, kHuman, kHuman, kHuman});
+  host->Pass();  // the computer chooses: mode 9
+  ASSERT_EQ(host->game.gameMode, ModeComputerMoves);
+  Peer& bob = Join("Bob");
+  Settle();
+  EXPECT_EQ(bob.game.currentTeam, kBlue);
+  ExpectSameGames();
+}
+
 }  // namespace
 }  // namespace varkesh::testing
