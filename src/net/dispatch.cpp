@@ -51,6 +51,7 @@ void ShowBoot(NetNode& node, std::string_view payload) {
     // The host sees the close; this side raises none of its own.
     node.transport.Close(node.session.nodeConnections[0]);
     node.session.nodeConnections[0] = 0;
+    node.view.SetChatEnabled(false);
     return;
   }
   AddMessage(node,
