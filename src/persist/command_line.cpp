@@ -1,5 +1,6 @@
 #include "persist/command_line.h"
 
+#include <cctype>
 #include <filesystem>
 
 namespace varkesh {
@@ -15,6 +16,8 @@ std::optional<int> LogLevelOf(std::string_view digits) {
   return digits[0] - '0';
 }
 
+}  // namespace
+
 std::vector<std::string> SplitWords(std::string_view text) {
   std::vector<std::string> words;
   std::string word;
@@ -24,7 +27,7 @@ std::vector<std::string> SplitWords(std::string_view text) {
     if (c == '"') {
       quoted = !quoted;
       inWord = true;
-    } else if ((c == ' ' || c == '\t') && !quoted) {
+    } else if (!quoted && std::isspace(static_cast<unsigned char>(c))) {
       if (inWord) words.push_back(word);
       word.clear();
       inWord = false;
@@ -36,8 +39,6 @@ std::vector<std::string> SplitWords(std::string_view text) {
   if (inWord) words.push_back(word);
   return words;
 }
-
-}  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& words) {
   CommandLine result;

@@ -27,6 +27,9 @@ CommandLine ParseCommandLine(std::string_view text);
 // The words after the program's name.
 CommandLine ParseCommandLine(int argc, const char* const* argv);
 
+// Words split at blanks; a stretch in double quotes is one word.
+std::vector<std::string> SplitWords(std::string_view text);
+
 // The usage lines printed by "--help".
 std::string CommandLineUsage(const std::string& programName);
 

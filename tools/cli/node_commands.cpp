@@ -12,6 +12,7 @@
 #include "event_line.h"
 #include "flow/new_game.h"
 #include "flow/save_load.h"
+#include "persist/command_line.h"
 #include "persist/file_coder.h"
 #include "persist/game_text.h"
 
@@ -25,29 +26,6 @@ struct Refusal {
 };
 
 constexpr const char* kNewUsage = "new [--type T] [--rule R] [--players a,b,c,d] [--name NAME]";
-
-// Words split at blanks; a stretch in double quotes is one word.
-std::vector<std::string> SplitWords(const std::string& line) {
-  std::vector<std::string> words;
-  std::string word;
-  bool inWord = false;
-  bool quoted = false;
-  for (char c : line) {
-    if (c == '"') {
-      quoted = !quoted;
-      inWord = true;
-    } else if (!quoted && std::isspace(static_cast<unsigned char>(c))) {
-      if (inWord) words.push_back(word);
-      word.clear();
-      inWord = false;
-    } else {
-      word += c;
-      inWord = true;
-    }
-  }
-  if (inWord) words.push_back(word);
-  return words;
-}
 
 // What follows the first count words and the blanks after them, as typed.
 std::string RestAfterWords(const std::string& line, int count) {
