@@ -1,12 +1,5 @@
 #include "support/scripted_outside.h"
 
-#include <unistd.h>
-
-#include <cstdint>
-#include <system_error>
-
-#include "persist/pack_reader.h"
-
 namespace varkesh {
 
 namespace {
@@ -31,11 +24,7 @@ ScriptedOutside::ScriptedOutside()
   AttachNetLink(this);
 }
 
-ScriptedOutside::~ScriptedOutside() {
-  pack_.reset();
-  std::error_code ignored;
-  if (!tempDir_.empty()) std::filesystem::remove_all(tempDir_, ignored);
-}
+ScriptedOutside::~ScriptedOutside() = default;
 
 bool ScriptedOutside::IsMenuEnabled(Menu menu) const {
   auto found = enabled_.find(menu);
@@ -109,18 +98,7 @@ void ScriptedOutside::PlaySound(const std::string& entry) {
 std::string ScriptedOutside::ExtractEntry(const std::string& entry) {
   auto found = entryPaths.find(entry);
   if (found != entryPaths.end()) return found->second;
-  if (!pack_) {
-    // A folder of its own: test programs running side by side would
-    // otherwise rewrite each other's extracted files.
-    tempDir_ = std::filesystem::temp_directory_path() /
-               ("varkesh-scripted-" + std::to_string(getpid()) + "-" +
-                std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-    std::filesystem::create_directories(tempDir_);
-    auto reader = std::make_unique<PackReader>();
-    reader->OpenPack(engine.appPath + "r.opk", tempDir_.string());
-    pack_ = std::move(reader);
-  }
-  return pack_->ExtractEntry(entry);
+  return pack_.ExtractEntry(engine.appPath, entry);
 }
 
 void ScriptedOutside::SendToAll(const std::string& message, int skipNode) {

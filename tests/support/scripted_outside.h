@@ -12,10 +12,9 @@
 
 #include "core/outside.h"
 #include "engine/general_engine.h"
+#include "persist/private_pack.h"
 
 namespace varkesh {
-
-class PackReader;
 
 class ScriptedOutside : public Outside, public NetLink {
  public:
@@ -101,8 +100,7 @@ class ScriptedOutside : public Outside, public NetLink {
  private:
   std::map<Menu, bool> enabled_;
   std::map<Menu, bool> checked_;
-  std::unique_ptr<PackReader> pack_;
-  std::filesystem::path tempDir_;
+  PrivatePack pack_{"varkesh-scripted-"};
 };
 
 }  // namespace varkesh

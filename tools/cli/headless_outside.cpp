@@ -1,12 +1,5 @@
 #include "headless_outside.h"
 
-#include <unistd.h>
-
-#include <cstdint>
-#include <system_error>
-
-#include "persist/pack_reader.h"
-
 namespace varkesh::cli {
 
 namespace {
@@ -27,11 +20,7 @@ HeadlessOutside::HeadlessOutside()
     : enabled_{{Menu::Resign, false}},
       checked_{{Menu::OptionIndicator, true}, {Menu::OptionsHints, true}, {Menu::History0, true}} {}
 
-HeadlessOutside::~HeadlessOutside() {
-  pack_.reset();
-  std::error_code ignored;
-  if (!tempDir_.empty()) std::filesystem::remove_all(tempDir_, ignored);
-}
+HeadlessOutside::~HeadlessOutside() = default;
 
 bool HeadlessOutside::IsMenuEnabled(Menu menu) const {
   auto found = enabled_.find(menu);
@@ -108,18 +97,7 @@ void HeadlessOutside::ShowPauseButton(bool) {}
 void HeadlessOutside::PlaySound(const std::string&) {}
 
 std::string HeadlessOutside::ExtractEntry(const std::string& entry) {
-  if (!pack_) {
-    // A folder of its own: nodes and commands running side by side would
-    // otherwise rewrite each other's extracted files.
-    tempDir_ = std::filesystem::temp_directory_path() /
-               ("varkesh-cli-" + std::to_string(getpid()) + "-" +
-                std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-    std::filesystem::create_directories(tempDir_);
-    auto reader = std::make_unique<PackReader>();
-    reader->OpenPack(engine.appPath + "r.opk", tempDir_.string());
-    pack_ = std::move(reader);
-  }
-  return pack_->ExtractEntry(entry);
+  return pack_.ExtractEntry(engine.appPath, entry);
 }
 
 void HeadlessOutside::Yield() {

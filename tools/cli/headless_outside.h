@@ -14,10 +14,9 @@
 
 #include "core/outside.h"
 #include "engine/general_engine.h"
+#include "persist/private_pack.h"
 
-namespace varkesh {
-class PackReader;
-}
+namespace varkesh {}
 
 namespace varkesh::cli {
 
@@ -83,8 +82,7 @@ class HeadlessOutside : public Outside {
 
   std::map<Menu, bool> enabled_;
   std::map<Menu, bool> checked_;
-  std::unique_ptr<PackReader> pack_;
-  std::filesystem::path tempDir_;
+  PrivatePack pack_{"varkesh-cli-"};
 };
 
 }  // namespace varkesh::cli
