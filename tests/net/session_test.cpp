@@ -56,7 +56,7 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
   watcher.Send("GMNI}Dee");
   net::AssignSeat(host->node, kBlue, 2);
   net::AssignSeat(host->node, kRed, 2);
-  network.Pump();
+  Settle();
   EXPECT_EQ(bob.game.seatNode, (PerTeam<int>{0, 2, 0, 2}));
   EXPECT_EQ(bob.view.captions[1], "Cid");
 
