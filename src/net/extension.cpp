@@ -1,5 +1,7 @@
 #include "net/extension.h"
 
+#include <algorithm>
+
 #include "net/checksum.h"
 #include "net/departures.h"
 #include "net/game_queue.h"
@@ -10,6 +12,9 @@ namespace varkesh::net {
 namespace {
 
 constexpr std::size_t kRecentChecksumCount = 64;
+// Ticks further apart than this mean this program itself was held up; its
+// peers are not to blame for what it did not read meanwhile.
+constexpr double kStallSeconds = 3.0;
 
 void CountEvent(NetSession& session) {
   if (session.gameEvents < std::numeric_limits<int>::max()) ++session.gameEvents;
@@ -164,6 +169,9 @@ void KeepAlive(NetNode& node) {
   if (node.game.netRole != kNetHosting && node.game.netRole != kNetClient) return;
   NetSession& session = node.session;
   const double now = node.outside.Now();
+  if (now - session.lastTick > kStallSeconds)
+    for (PeerGuard& peer : session.peers) peer.lastHeard = std::max(peer.lastHeard, now);
+  session.lastTick = now;
   LetSilentPeersGo(node, now);
   if (node.game.netRole == kNetHosting) {
     for (int n = 1; n <= session.nodeCount; ++n) {

@@ -166,6 +166,8 @@ TEST_F(Guard, OnlyPeersThatSpeakTheKeepAliveAreDroppedForSilence) {
     Tick(bob, 1.0);
   }
   EXPECT_TRUE(host->session.nodeInUse[1]) << "Bob's keep-alives kept him";
+  Tick(*host, 60.0);
+  EXPECT_TRUE(host->session.nodeInUse[1]) << "the host's own stall blames no peer";
   // Bob freezes: the host hears nothing from him any more.
   for (int second = 0; second < 21; ++second) Tick(*host, 1.0);
   EXPECT_FALSE(host->session.nodeInUse[1]);
