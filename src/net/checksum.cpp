@@ -29,6 +29,10 @@ class Fingerprint {
 }  // namespace
 
 int GameChecksum(const Game& game) {
+  return GameChecksum(game, game.playerKinds, game.seatNode);
+}
+
+int GameChecksum(const Game& game, const PerTeam<int>& kinds, const PerTeam<int>& seats) {
   Fingerprint print;
   for (const Square& square : game.board.squares) {
     print.Add(square.team);
@@ -51,8 +55,8 @@ int GameChecksum(const Game& game) {
   print.AddAll(game.kingdomFallen);
   for (int value : {game.currentTeam, game.roundNumber, game.gameType, game.kingCaptureRule})
     print.Add(value);
-  print.AddAll(game.playerKinds);
-  print.AddAll(game.seatNode);
+  print.AddAll(kinds);
+  print.AddAll(seats);
   return print.Value();
 }
 

@@ -11,7 +11,7 @@ namespace varkesh::net {
 
 namespace {
 
-constexpr std::size_t kRecentChecksumCount = 64;
+constexpr std::size_t kRecentChecksumCount = 128;
 // Ticks further apart than this mean this program itself was held up; its
 // peers are not to blame for what it did not read meanwhile.
 constexpr double kStallSeconds = 3.0;
@@ -27,9 +27,16 @@ void ReportChecksum(NetNode& node) {
 }
 
 void RememberChecksum(NetNode& node) {
-  auto& recent = node.session.recentChecksums;
-  recent.emplace_back(node.session.gameEvents, GameChecksum(node.game));
-  if (recent.size() > kRecentChecksumCount) recent.pop_front();
+  NetSession& session = node.session;
+  const Game& game = node.game;
+  auto& recent = session.recentChecksums;
+  recent.emplace_back(session.gameEvents, GameChecksum(game));
+  if (session.kindsAtEvent != game.playerKinds || session.seatsAtEvent != game.seatNode)
+    recent.emplace_back(session.gameEvents,
+                        GameChecksum(game, session.kindsAtEvent, session.seatsAtEvent));
+  session.kindsAtEvent = game.playerKinds;
+  session.seatsAtEvent = game.seatNode;
+  while (recent.size() > kRecentChecksumCount) recent.pop_front();
 }
 
 PeerGuard* Peer(NetSession& session, int peer) {
@@ -141,17 +148,19 @@ bool CompareChecksum(NetNode& node, int from, std::string_view payload) {
   if (fields.size() != 2) return false;
   const int count = FieldNumber(fields[0]);
   const int sum = FieldNumber(fields[1]);
+  // A client just caught up after a change of seats has the game as it is now.
+  bool known = count == node.session.gameEvents;
+  bool same = known && sum == GameChecksum(node.game);
   for (const auto& [event, hostSum] : node.session.recentChecksums) {
     if (event != count) continue;
-    if (sum != hostSum) {
-      ReportNetError(node, "CompareChecksum", 3,
-                     "The game of node " + std::to_string(from) +
-                         " differs from the host's after "
-                         "game event " +
-                         std::to_string(count) + "; it is sent the game again");
-      ScheduleCatchUp(node, from);
-    }
-    break;
+    known = true;
+    same = same || sum == hostSum;
+  }
+  if (known && !same) {
+    ReportNetError(node, "CompareChecksum", 3,
+                   "The game of node " + std::to_string(from) + " differs from the host's after " +
+                       "game event " + std::to_string(count) + "; it is sent the game again");
+    ScheduleCatchUp(node, from);
   }
   return true;
 }

@@ -120,16 +120,29 @@ bool AddToGameQ(NetSession& session, std::string message, int from) {
   return true;
 }
 
+namespace {
+
+// Host: checksums at the head of the queue are compared at once; they change
+// nothing, and many watchers send one for every move.
+void CompareWaitingChecksums(NetNode& node) {
+  std::deque<QueuedMessage>& queue = node.session.gameQueue;
+  while (!queue.empty() && SplitMessage(queue.front().text).verb == kChecksumVerb) {
+    const QueuedMessage entry = std::move(queue.front());
+    queue.pop_front();
+    CompareChecksum(node, entry.from, SplitMessage(entry.text).payload);
+  }
+}
+
+}  // namespace
+
 void ProcessGameQ(NetNode& node) {
+  const bool host = node.game.netRole == kNetHosting;
+  if (host) CompareWaitingChecksums(node);
   if (node.session.gameQueue.empty()) return;
   const QueuedMessage entry = std::move(node.session.gameQueue.front());
   node.session.gameQueue.pop_front();
   const std::string& message = entry.text;
-  if (node.game.netRole == kNetHosting) {
-    if (SplitMessage(message).verb == kChecksumVerb) {
-      CompareChecksum(node, entry.from, SplitMessage(message).payload);
-      return;
-    }
+  if (host) {
     const std::string refusal = RefusalOf(node.game, entry.from, message);
     if (!refusal.empty()) {
       ReportNetError(node, "ProcessGameQ", 2,

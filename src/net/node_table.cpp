@@ -45,6 +45,8 @@ void ResetNodeTables(NetSession& session, const std::string& name) {
   session.gameEvents = 0;
   session.nextLoadEvent = -1;
   session.recentChecksums.clear();
+  session.kindsAtEvent = {};
+  session.seatsAtEvent = {};
   session.droppedSeats.clear();
 }
 

@@ -89,8 +89,13 @@ struct NetSession {
   int gameEvents = 0;
   // Client: the count that the next game sent by the host sets; -1 for none.
   int nextLoadEvent = -1;
-  // Host: the checksums of its latest events, oldest first.
+  // Host: the checksums of its latest events, oldest first. Seats change
+  // at once on every machine while moves wait in queues, so a client may
+  // count an event before or after a change of seats the host made just
+  // then: such an event has a checksum with either seats.
   std::deque<std::pair<int, int>> recentChecksums;
+  PerTeam<int> kindsAtEvent{};
+  PerTeam<int> seatsAtEvent{};
   double lastKeepAlive = 0.0;
   double lastTick = 0.0;
   std::vector<DroppedSeats> droppedSeats;
