@@ -125,11 +125,20 @@ TEST_F(NetPlayStressTest, AClientThatNeverReadsIsLetGoOnceItsBacklogPassesTheLim
   MemoryFigures("backlog:", before);
   EXPECT_TRUE(sink.WaitClosed(10.0));
 
-  // The computer game went on through it all and ends alike.
-  ASSERT_TRUE(ReportsMode(*host_, ModeVictory, 120.0)) << host_->Recent();
-  ASSERT_TRUE(ReportsMode(*alice_, ModeVictory)) << alice_->Recent();
+  // The computer played on through it all. Then the host's player takes
+  // every seat, as a computer game may never end, and plays a round, unless
+  // the game is over already.
+  Figure("backlog: rounds the computer played", std::to_string(host_->ShownGame()->roundNumber));
+  for (int team = kWhite; team <= kRed; ++team)
+    host_->Send("assign " + std::to_string(team) + " 0");
+  const auto deadline = Clock::now() + std::chrono::seconds(10);
+  while (!host_->Seen("mode 1") && !host_->Seen("mode 7") && Clock::now() < deadline)
+    host_->WaitFor("mode ", 0.1);
+  if (!host_->Seen("mode 7")) {
+    for (int team = kWhite; team <= kRed; ++team)
+      ASSERT_TRUE(PlayTurn(*host_, *host_)) << host_->Recent();
+  }
   EXPECT_EQ(ShowDifference(*host_, *alice_), "");
-  Figure("backlog: rounds of the game", std::to_string(host_->ShownGame()->roundNumber));
 }
 
 TEST_F(NetPlayStressTest, AChatFloodIsCutToEightLinesInTenSecondsWithOneNotice) {
