@@ -1,5 +1,7 @@
 #include "net/extension.h"
 
+#include <algorithm>
+
 #include "net/checksum.h"
 #include "net/departures.h"
 #include "net/game_queue.h"
@@ -10,6 +12,9 @@ namespace varkesh::net {
 namespace {
 
 constexpr std::size_t kRecentChecksumCount = 64;
+// Ticks further apart than this mean this program itself was held up; its
+// peers are not to blame for what it did not read meanwhile.
+constexpr double kStallSeconds = 3.0;
 
 void CountEvent(NetSession& session) {
   if (session.gameEvents < std::numeric_limits<int>::max()) ++session.gameEvents;
@@ -44,6 +49,10 @@ void CatchUpNow(NetNode& node, int n) {
   CatchUpClient(node, n);
 }
 
+std::string PeerLabel(const NetNode& node, int n) {
+  return node.game.netRole == kNetHosting ? "Node " + std::to_string(n) : "The host";
+}
+
 void LetSilentPeersGo(NetNode& node, double now) {
   NetSession& session = node.session;
   const bool host = node.game.netRole == kNetHosting;
@@ -55,11 +64,11 @@ void LetSilentPeersGo(NetNode& node, double now) {
     const PeerGuard& peer = session.peers[static_cast<std::size_t>(n)];
     if (peer.overloaded) {
       ReportNetError(node, "SendToClient", 8,
-                     "Node " + std::to_string(n) + " does not read what is sent to it; let go");
+                     PeerLabel(node, n) + " does not read what is sent to it; let go");
       LetGo(node, n);
     } else if (peer.extended && now - peer.lastHeard > kSilenceSeconds) {
       ReportNetError(node, "KeepAlive", 9,
-                     "Node " + std::to_string(n) + " has been silent for " +
+                     PeerLabel(node, n) + " has been silent for " +
                          std::to_string(static_cast<int>(kSilenceSeconds)) + " seconds; let go");
       LetGo(node, n);
     }
@@ -68,10 +77,6 @@ void LetSilentPeersGo(NetNode& node, double now) {
 }
 
 }  // namespace
-
-bool IsExtensionVerb(std::string_view verb) {
-  return verb == kHelloVerb || verb == kKeepAliveVerb || verb == kChecksumVerb || verb == kSyncVerb;
-}
 
 bool SpeaksExtension(const NetSession& session, int peer) {
   return peer >= 0 && static_cast<std::size_t>(peer) < session.peers.size() &&
@@ -164,6 +169,9 @@ void KeepAlive(NetNode& node) {
   if (node.game.netRole != kNetHosting && node.game.netRole != kNetClient) return;
   NetSession& session = node.session;
   const double now = node.outside.Now();
+  if (now - session.lastTick > kStallSeconds)
+    for (PeerGuard& peer : session.peers) peer.lastHeard = std::max(peer.lastHeard, now);
+  session.lastTick = now;
   LetSilentPeersGo(node, now);
   if (node.game.netRole == kNetHosting) {
     for (int n = 1; n <= session.nodeCount; ++n) {

@@ -41,6 +41,11 @@ void ResetNodeTables(NetSession& session, const std::string& name) {
   session.nodeBuffers = {std::string()};
   session.nodeConnections = {0};
   session.peers = {PeerGuard{}};
+  // What was counted and remembered of the peers goes with them.
+  session.gameEvents = 0;
+  session.nextLoadEvent = -1;
+  session.recentChecksums.clear();
+  session.droppedSeats.clear();
 }
 
 int NodeOfConnection(const NetSession& session, ConnectionId connection) {

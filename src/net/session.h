@@ -92,6 +92,7 @@ struct NetSession {
   // Host: the checksums of its latest events, oldest first.
   std::deque<std::pair<int, int>> recentChecksums;
   double lastKeepAlive = 0.0;
+  double lastTick = 0.0;
   std::vector<DroppedSeats> droppedSeats;
 
   ChatHistory chat;
