@@ -141,6 +141,54 @@ TEST_F(NetPlayStressTest, AClientThatNeverReadsIsLetGoOnceItsBacklogPassesTheLim
   EXPECT_EQ(ShowDifference(*host_, *alice_), "");
 }
 
+// Each watcher of the extension answers every move with its checksum: a
+// computer game moves fast, and a player's move that comes after must not
+// wait behind all those checksums at the host.
+TEST_F(NetPlayStressTest, APlayersMoveIsNotHeldUpByEightWatchersOfAComputerGame) {
+  host_ = Host();
+  ASSERT_TRUE(host_);
+  std::vector<std::unique_ptr<NodeProcess>> watchers;
+  for (const char* name : {"Alice", "W2", "W3", "W4", "W5", "W6", "W7", "W8"}) {
+    watchers.push_back(StartClient(port_, name, folder_.Slashed(), false));
+    ASSERT_TRUE(watchers.back());
+  }
+  ASSERT_TRUE(NodeCountBecomes(*host_, 9)) << host_->Recent();
+  host_->Send("new --players 2,2,2,2 --name Busy");
+  const auto stretch = Clock::now();
+  while (SecondsSince(stretch) < 3.0) {
+    host_->ReadFor(0.02);
+    for (auto& watcher : watchers) watcher->ReadFor(0.005);
+  }
+
+  // Then a game of people, every seat Alice's.
+  bool started = false;
+  for (int attempt = 0; attempt < 10 && !started; ++attempt) {
+    host_->Send("new --name People");
+    started = host_->WaitFor("game People (", 1.0).has_value();
+  }
+  ASSERT_TRUE(started) << host_->Recent();
+  for (int team = kWhite; team <= kRed; ++team)
+    host_->Send("assign " + std::to_string(team) + " 1");
+  NodeProcess& alice = *watchers[0];
+  ASSERT_TRUE(SeatsBecome(alice, {"seat 1 0 1 Alice(you)", "seat 2 0 1 Alice(you)",
+                                  "seat 3 0 1 Alice(you)", "seat 4 0 1 Alice(you)"}))
+      << alice.Recent();
+  const int white = TurnKey(*host_->ShownGame());
+  ASSERT_TRUE(ReachesTurn(alice, white)) << alice.Recent();
+  auto move = FirstLegalMove(*alice.ShownGame());
+  ASSERT_TRUE(move);
+  alice.Send(move->Command());
+  const auto moved = Clock::now();
+  EXPECT_TRUE(LeavesTurn(*host_, white, 30.0)) << host_->Recent();
+  const double seconds = SecondsSince(moved);
+  Figure("watched computer game: seconds until a player's move took effect",
+         std::to_string(seconds));
+  EXPECT_LT(seconds, 3.0);
+  EXPECT_EQ(NetLog().find("queue is full"), std::string::npos) << NetLog();
+  EXPECT_EQ(ShowDifference(*host_, alice), "");
+  EXPECT_EQ(ShowDifference(*host_, *watchers[7]), "");
+}
+
 TEST_F(NetPlayStressTest, AChatFloodIsCutToEightLinesInTenSecondsWithOneNotice) {
   StartWithAlice("Chatty");
   auto bob = Join("Bob");

@@ -135,6 +135,12 @@ std::optional<std::string> NodeProcess::WaitFor(const std::string& prefix, doubl
   return std::nullopt;
 }
 
+void NodeProcess::ReadFor(double seconds) {
+  const auto deadline = After(seconds);
+  while (NextLine(deadline)) {
+  }
+}
+
 std::optional<std::vector<std::string>> NodeProcess::Show() {
   Send("show");
   const auto deadline = After(10.0);

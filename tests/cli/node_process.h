@@ -34,6 +34,9 @@ class NodeProcess {
   // Reads up to the first line that begins with prefix; nothing when the
   // node says nothing of the kind within the time.
   std::optional<std::string> WaitFor(const std::string& prefix, double seconds = 10.0);
+  // Reads and drops what the node says for that long, so that its output
+  // pipe never fills while the test awaits another node.
+  void ReadFor(double seconds);
   // The "show" command: the lines of the plain game text, or none in time.
   std::optional<std::vector<std::string>> Show();
   std::optional<Game> ShownGame();
