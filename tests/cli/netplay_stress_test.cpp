@@ -1,6 +1,7 @@
 // varkesh-cli host under floods on the loopback: an endless message, a client
-// that never reads, a chat flood, a crowd of connections. The host must keep
-// its memory and its limits while the well-behaved nodes play on.
+// that never reads, a chat flood, a crowd of connections, the checksums of
+// many watchers. The host must keep its memory, its limits and its pace
+// while the well-behaved nodes play on.
 #include <sys/types.h>
 
 #include <chrono>

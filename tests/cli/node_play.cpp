@@ -80,11 +80,6 @@ bool LeavesTurn(NodeProcess& node, int key, double seconds) {
   });
 }
 
-bool ReportsMode(NodeProcess& node, int mode, double seconds) {
-  const std::string line = "mode " + std::to_string(mode);
-  return node.Seen(line) || node.WaitFor(line, seconds);
-}
-
 std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds) {
   std::string difference = "no show";
   const bool same = PollUntil(seconds, [&] {

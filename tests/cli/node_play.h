@@ -30,9 +30,6 @@ int TurnKey(const Game& game);
 
 bool ReachesTurn(NodeProcess& node, int key, double seconds = 10.0);
 bool LeavesTurn(NodeProcess& node, int key, double seconds = 10.0);
-// Whether the node has reported that game mode, now or before ("show"
-// leaves the mode out).
-bool ReportsMode(NodeProcess& node, int mode, double seconds = 10.0);
 // Polls until both show the same game text: empty then, else the first line
 // that differs.
 std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds = 10.0);

@@ -145,7 +145,6 @@ std::optional<std::string> RawPeer::Next(double seconds) {
     if (end != std::string::npos) {
       std::string message = buffer_.substr(0, end);
       buffer_.erase(0, end + 1);
-      received_.push_back(message);
       return message;
     }
     if (closed_ || Clock::now() >= deadline) return std::nullopt;
@@ -154,20 +153,11 @@ std::optional<std::string> RawPeer::Next(double seconds) {
 }
 
 std::optional<std::string> RawPeer::WaitFor(const std::string& verb, double seconds) {
-  return WaitForBefore(verb, {}, seconds);
-}
-
-std::optional<std::string> RawPeer::WaitForBefore(const std::string& verb,
-                                                  const std::vector<std::string>& others,
-                                                  double seconds) {
   const auto deadline = After(seconds);
   for (;;) {
     const double left = std::chrono::duration<double>(deadline - Clock::now()).count();
     auto message = Next(std::max(left, 0.0));
-    if (!message) return std::nullopt;
-    const std::string got = VerbOf(*message);
-    if (got == verb) return message;
-    if (std::find(others.begin(), others.end(), got) != others.end()) return std::nullopt;
+    if (!message || VerbOf(*message) == verb) return message;
   }
 }
 

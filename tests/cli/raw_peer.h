@@ -41,21 +41,13 @@ class RawPeer {
   std::optional<std::string> Next(double seconds);
   // Reads up to the first message of that verb.
   std::optional<std::string> WaitFor(const std::string& verb, double seconds);
-  // Reads up to the first message of that verb; none when a message of one
-  // of the others comes first, or none in time.
-  std::optional<std::string> WaitForBefore(const std::string& verb,
-                                           const std::vector<std::string>& others, double seconds);
   // Reads (and drops) everything until the other side closes; false when it
   // has not within the time.
   bool WaitClosed(double seconds);
-  bool Closed() const { return closed_; }
 
   // As a client joins: takes the node number, optionally says hello for the
   // extension, then answers with the name. The node number, or 0.
   int Join(const std::string& name, bool hello = false);
-
-  // Every message read so far, oldest first.
-  const std::vector<std::string>& Received() const { return received_; }
 
  private:
   bool Fill(double seconds);
@@ -63,7 +55,6 @@ class RawPeer {
   int socket_ = -1;
   bool closed_ = false;
   std::string buffer_;
-  std::vector<std::string> received_;
 };
 
 }  // namespace varkesh::testing
