@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <fstream>
 #include <thread>
 
 #include "persist/game_text.h"
@@ -23,6 +25,8 @@ Clock::time_point After(double seconds) {
   return Clock::now() +
          std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
 }
+
+constexpr std::size_t kSeenLineChars = 200;
 
 bool AllDigits(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
@@ -43,6 +47,15 @@ int FreeLoopbackPort() {
     port = ntohs(address.sin_port);
   close(probe);
   return port;
+}
+
+long StatusKiB(pid_t pid, const std::string& field) {
+  std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+  std::string line;
+  const std::string key = field + ":";
+  while (std::getline(status, line))
+    if (line.rfind(key, 0) == 0) return std::atol(line.c_str() + key.size());
+  return -1;
 }
 
 NodeProcess::NodeProcess(const std::vector<std::string>& words, const std::string& folder) {
@@ -97,7 +110,8 @@ std::optional<std::string> NodeProcess::NextLine(Clock::time_point deadline) {
     if (end != std::string::npos) {
       std::string line = buffer_.substr(0, end);
       buffer_.erase(0, end + 1);
-      seen_.push_back(line);
+      // A flood of long lines must not pile up here: the start tells enough.
+      seen_.push_back(line.substr(0, kSeenLineChars));
       return line;
     }
     const auto left =
@@ -119,6 +133,12 @@ std::optional<std::string> NodeProcess::WaitFor(const std::string& prefix, doubl
   while (auto line = NextLine(deadline))
     if (line->rfind(prefix, 0) == 0) return line;
   return std::nullopt;
+}
+
+void NodeProcess::ReadFor(double seconds) {
+  const auto deadline = After(seconds);
+  while (NextLine(deadline)) {
+  }
 }
 
 std::optional<std::vector<std::string>> NodeProcess::Show() {
@@ -181,6 +201,12 @@ int NodeProcess::WaitForExit(double seconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   return -1;
+}
+
+bool NodeProcess::Seen(const std::string& prefix) const {
+  for (const std::string& line : seen_)
+    if (line.rfind(prefix, 0) == 0) return true;
+  return false;
 }
 
 std::string NodeProcess::Recent() const {

@@ -17,6 +17,10 @@ namespace varkesh::testing {
 // A TCP port on the loopback that nothing listens on just now.
 int FreeLoopbackPort();
 
+// A size line of /proc/PID/status ("VmRSS", "VmHWM") in KiB; -1 when the
+// process or the line is not there.
+long StatusKiB(pid_t pid, const std::string& field);
+
 class NodeProcess {
  public:
   // Runs VARKESH_CLI with these words in folder; its error output goes to
@@ -30,6 +34,9 @@ class NodeProcess {
   // Reads up to the first line that begins with prefix; nothing when the
   // node says nothing of the kind within the time.
   std::optional<std::string> WaitFor(const std::string& prefix, double seconds = 10.0);
+  // Reads and drops what the node says for that long, so that its output
+  // pipe never fills while the test awaits another node.
+  void ReadFor(double seconds);
   // The "show" command: the lines of the plain game text, or none in time.
   std::optional<std::vector<std::string>> Show();
   std::optional<Game> ShownGame();
@@ -43,6 +50,10 @@ class NodeProcess {
 
   // The last lines read, for the message of a failed check.
   std::string Recent() const;
+  // Whether any line read so far began with prefix.
+  bool Seen(const std::string& prefix) const;
+
+  pid_t Pid() const { return pid_; }
 
  private:
   std::optional<std::string> NextLine(std::chrono::steady_clock::time_point deadline);

@@ -1,0 +1,157 @@
+// A long run of NetPlay over the loopback: a varkesh-cli host whose four
+// seats the computer plays, eight clients watching, and one whole game after
+// another without a pause, until GAMES games have ended. After each game
+// every node must show the host's game. Prints a line a game and the host's
+// memory at the start and the end; exits 1 when a node ended a game
+// otherwise than the host, or the host logged a NetPlay error.
+//
+//   netplay_soak [GAMES]   (20 when not given)
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "node_play.h"
+#include "node_process.h"
+#include "persist/temp_folder.h"
+
+namespace varkesh::testing {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kWatchers = 8;
+// A computer game takes some four to fifteen seconds. A few in a hundred
+// never end (the computer repeats itself); one still going after this long
+// is cut short by the next game and not counted.
+constexpr double kGameLimitSeconds = 60.0;
+// Once the host has ended a game, the watchers have little left to apply.
+constexpr double kFollowSeconds = 30.0;
+
+double SecondsSince(Clock::time_point start) {
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// Which nodes report the victory: the host (the first node) within
+// kGameLimitSeconds, the others within kFollowSeconds of it. All of them are
+// read in turn the whole time, so that none stalls on a full output pipe
+// while another is awaited.
+std::vector<bool> AwaitVictory(const std::vector<NodeProcess*>& nodes) {
+  const std::string victory = "mode " + std::to_string(ModeVictory);
+  std::vector<bool> done(nodes.size(), false);
+  const auto start = Clock::now();
+  std::optional<Clock::time_point> hostDone;
+  std::size_t left = nodes.size();
+  while (left > 0) {
+    if (!hostDone && SecondsSince(start) > kGameLimitSeconds) break;
+    if (hostDone && SecondsSince(*hostDone) > kFollowSeconds) break;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      if (done[i] || !nodes[i]->WaitFor(victory, 0.02)) continue;
+      done[i] = true;
+      --left;
+      if (i == 0) hostDone = Clock::now();
+    }
+  }
+  return done;
+}
+
+// The host's New Game; the computer may hold the menu a moment.
+bool StartGame(NodeProcess& host, const std::string& name) {
+  for (int attempt = 0; attempt < 50; ++attempt) {
+    host.Send("new --players 2,2,2,2 --name " + name);
+    if (host.WaitFor("game " + name + " (", 1.0)) return true;
+  }
+  std::fprintf(stderr, "the host did not start %s:\n%s", name.c_str(), host.Recent().c_str());
+  return false;
+}
+
+int Soak(int games) {
+  TempFolder folder;
+  // The nodes' logs go to the soak's folder, where it reads them at the end.
+  setenv("XDG_DATA_HOME", folder.Slashed().c_str(), 1);
+  const int port = FreeLoopbackPort();
+  auto host = StartHost(port, "Soaker", folder.Slashed());
+  if (!host) return 1;
+  std::vector<std::unique_ptr<NodeProcess>> watchers;
+  for (int i = 1; i <= kWatchers; ++i) {
+    auto watcher = StartClient(port, "Watcher" + std::to_string(i), folder.Slashed(), false);
+    if (!watcher) return 1;
+    watchers.push_back(std::move(watcher));
+  }
+  std::vector<NodeProcess*> nodes{host.get()};
+  for (auto& watcher : watchers) nodes.push_back(watcher.get());
+  if (!NodeCountBecomes(*host, 1 + kWatchers)) {
+    std::fprintf(stderr, "the watchers did not all join\n");
+    return 1;
+  }
+
+  const long startRss = StatusKiB(host->Pid(), "VmRSS");
+  std::printf("start host VmRSS %ld KiB, %d watchers\n", startRss, kWatchers);
+  std::fflush(stdout);
+  const auto soakStart = Clock::now();
+  int identical = 0;
+  int finished = 0;
+  int cut = 0;
+  for (int game = 1; finished < games && cut <= games; ++game) {
+    const auto gameStart = Clock::now();
+    const std::string name = "Soak" + std::to_string(game);
+    if (!StartGame(*host, name)) return 1;
+    const std::vector<bool> done = AwaitVictory(nodes);
+    if (!done[0]) {
+      ++cut;
+      std::printf("game %d cut short after %.1f s at round %d: the computer did not end it\n", game,
+                  SecondsSince(gameStart), host->ShownGame()->roundNumber);
+      std::fflush(stdout);
+      continue;
+    }
+    ++finished;
+    const double seconds = SecondsSince(gameStart);
+    for (std::size_t i = 1; i < nodes.size(); ++i)
+      if (!done[i])
+        std::fprintf(stderr, "game %d: watcher %zu did not end it:\n%s", game, i,
+                     nodes[i]->Recent().c_str());
+    const auto end = host->ShownGame();
+    if (!end) return 1;
+    int alike = 0;
+    for (auto& watcher : watchers) {
+      const std::string difference = ShowDifference(*host, *watcher, 2.0);
+      if (difference.empty())
+        ++alike;
+      else
+        std::fprintf(stderr, "game %d: a watcher differs: %s\n", game, difference.c_str());
+    }
+    if (alike == kWatchers) ++identical;
+    std::printf("game %d seconds %.1f rounds %d identical %d/%d host VmRSS %ld KiB\n", game,
+                seconds, end->roundNumber, alike, kWatchers, StatusKiB(host->Pid(), "VmRSS"));
+    std::fflush(stdout);
+  }
+  std::printf(
+      "summary whole games %d identical %d cut short %d seconds %.1f host VmRSS start %ld KiB end "
+      "%ld KiB peak %ld KiB\n",
+      finished, identical, cut, SecondsSince(soakStart), startRss, StatusKiB(host->Pid(), "VmRSS"),
+      StatusKiB(host->Pid(), "VmHWM"));
+  // Nodes in step log nothing: a checksum that differs, a refused message or
+  // a dropped peer would all show here.
+  const std::string log = FileText(folder.File("varkesh/logs/error_netplay.log"));
+  int errors = 0;
+  for (std::size_t at = log.find("ErrDesc = "); at != std::string::npos;
+       at = log.find("ErrDesc = ", at + 1))
+    ++errors;
+  std::printf("host NetPlay errors logged %d\n%s", errors, log.c_str());
+  return finished == games && identical == games && errors == 0 ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace varkesh::testing
+
+int main(int argc, char** argv) {
+  const int games = argc > 1 ? std::atoi(argv[1]) : 20;
+  if (argc > 2 || games < 1) {
+    std::fprintf(stderr, "usage: netplay_soak [GAMES]\n");
+    return 2;
+  }
+  return varkesh::testing::Soak(games);
+}

@@ -1,0 +1,153 @@
+#include "node_play.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <thread>
+
+#include "core/rules.h"
+
+namespace varkesh::testing {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kPollPause = std::chrono::milliseconds(20);
+
+Clock::time_point After(double seconds) {
+  return Clock::now() +
+         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+}
+
+template <class Test>
+bool PollUntil(double seconds, Test test) {
+  const auto deadline = After(seconds);
+  while (Clock::now() < deadline) {
+    if (test()) return true;
+    std::this_thread::sleep_for(kPollPause);
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string PlannedMove::Command() const {
+  return "move " + std::to_string(fromX) + " " + std::to_string(fromY) + " " + std::to_string(toX) +
+         " " + std::to_string(toY);
+}
+
+std::optional<PlannedMove> FirstLegalMove(const Game& shown) {
+  Game game = shown;
+  for (int y = 0; y < kBoardSide; ++y)
+    for (int x = 0; x < kBoardSide; ++x) {
+      if (game.board.at(x, y).team != game.currentTeam) continue;
+      game.moveList.Clear();
+      FindMoves(game, x, y, false, true);
+      if (game.moveList.Count() > 0) {
+        const MoveRec& first = game.moveList[1];
+        return PlannedMove{first.fromX, first.fromY, first.toX, first.toY};
+      }
+    }
+  return std::nullopt;
+}
+
+std::optional<PlannedMove> FirstIllegalMove(const Game& shown) {
+  auto legal = FirstLegalMove(shown);
+  if (!legal) return std::nullopt;
+  for (int y = 0; y < kBoardSide; ++y)
+    for (int x = 0; x < kBoardSide; ++x)
+      if (!IsListedMove(shown, legal->fromX, legal->fromY, x, y))
+        return PlannedMove{legal->fromX, legal->fromY, x, y};
+  return std::nullopt;
+}
+
+int TurnKey(const Game& game) {
+  return game.roundNumber * 10 + game.currentTeam;
+}
+
+bool ReachesTurn(NodeProcess& node, int key, double seconds) {
+  return PollUntil(seconds, [&] {
+    auto game = node.ShownGame();
+    return game && TurnKey(*game) == key;
+  });
+}
+
+bool LeavesTurn(NodeProcess& node, int key, double seconds) {
+  return PollUntil(seconds, [&] {
+    auto game = node.ShownGame();
+    return game && TurnKey(*game) != key;
+  });
+}
+
+std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds) {
+  std::string difference = "no show";
+  const bool same = PollUntil(seconds, [&] {
+    auto shownA = a.Show();
+    auto shownB = b.Show();
+    if (!shownA || !shownB) return false;
+    if (*shownA == *shownB) return true;
+    difference = "the shows differ in length";
+    for (std::size_t i = 0; i < std::min(shownA->size(), shownB->size()); ++i)
+      if ((*shownA)[i] != (*shownB)[i]) {
+        difference = "line " + std::to_string(i + 1) + ": " + (*shownA)[i] + " / " + (*shownB)[i];
+        break;
+      }
+    return false;
+  });
+  return same ? std::string() : difference;
+}
+
+bool NodeCountBecomes(NodeProcess& node, int count, double seconds) {
+  const std::string wanted = "nodes " + std::to_string(count);
+  return PollUntil(seconds, [&] {
+    node.Send("nodes");
+    return node.WaitFor("nodes ") == wanted;
+  });
+}
+
+bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats, double seconds) {
+  return PollUntil(seconds, [&] { return node.Seats() == seats; });
+}
+
+bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command) {
+  auto game = host.ShownGame();
+  if (!game) return false;
+  const int key = TurnKey(*game);
+  if (!ReachesTurn(mover, key)) return false;
+  if (command.empty()) {
+    auto shown = mover.ShownGame();
+    auto move = shown ? FirstLegalMove(*shown) : std::nullopt;
+    if (!move) return false;
+    mover.Send(move->Command());
+  } else {
+    mover.Send(command);
+  }
+  return LeavesTurn(host, key);
+}
+
+std::unique_ptr<NodeProcess> StartHost(int port, const std::string& name,
+                                       const std::string& folder) {
+  auto host = std::make_unique<NodeProcess>(
+      std::vector<std::string>{"host", "--port", std::to_string(port), "--name", name}, folder);
+  if (host->WaitFor("chat Hosting as '" + name + "'")) return host;
+  std::fprintf(stderr, "host %s did not start:\n%s", name.c_str(), host->Recent().c_str());
+  return nullptr;
+}
+
+std::unique_ptr<NodeProcess> StartClient(int port, const std::string& name,
+                                         const std::string& folder, bool waitForGame) {
+  auto client = std::make_unique<NodeProcess>(
+      std::vector<std::string>{"join", "--address", "127.0.0.1", "--port", std::to_string(port),
+                               "--name", name},
+      folder);
+  // The host's game has come off the client's queue: seats given after
+  // this are not undone by it.
+  if (client->WaitFor("chat You are connected as Node #") &&
+      (!waitForGame || client->WaitFor("mode ")))
+    return client;
+  std::fprintf(stderr, "client %s did not join:\n%s", name.c_str(), client->Recent().c_str());
+  return nullptr;
+}
+
+}  // namespace varkesh::testing
