@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "core/rules.h"
+#include "node_play.h"
 #include "node_process.h"
 #include "persist/temp_folder.h"
 
@@ -14,31 +15,9 @@ namespace varkesh {
 namespace {
 
 using testing::NodeProcess;
-
-struct Move {
-  int fromX = 0, fromY = 0, toX = 0, toY = 0;
-  std::string Command() const {
-    return "move " + std::to_string(fromX) + " " + std::to_string(fromY) + " " +
-           std::to_string(toX) + " " + std::to_string(toY);
-  }
-};
-
-// The first move the rules list for the team on turn, scanning the board by
-// rows.
-std::optional<Move> FirstLegalMove(const Game& shown) {
-  Game game = shown;
-  for (int y = 0; y < kBoardSide; ++y)
-    for (int x = 0; x < kBoardSide; ++x) {
-      if (game.board.at(x, y).team != game.currentTeam) continue;
-      game.moveList.Clear();
-      FindMoves(game, x, y, false, true);
-      if (game.moveList.Count() > 0) {
-        const MoveRec& first = game.moveList[1];
-        return Move{first.fromX, first.fromY, first.toX, first.toY};
-      }
-    }
-  return std::nullopt;
-}
+using testing::PlayTurn;
+using testing::SeatsBecome;
+using testing::ShowDifference;
 
 std::optional<BoardSquare> FirstMarked(const Game& game, int mark) {
   for (int y = 0; y < kBoardSide; ++y)
@@ -47,11 +26,6 @@ std::optional<BoardSquare> FirstMarked(const Game& game, int mark) {
   return std::nullopt;
 }
 
-int TurnKey(const Game& game) {
-  return game.roundNumber * 10 + game.currentTeam;
-}
-
-constexpr double kPollSeconds = 10.0;
 
 class NetPlayNodeTest : public ::testing::Test {
  protected:
@@ -75,72 +49,6 @@ class NetPlayNodeTest : public ::testing::Test {
     return client;
   }
 
-  // Polls until the node's game is at that turn; false when it never gets
-  // there.
-  static bool ReachesTurn(NodeProcess& node, int key) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (std::chrono::steady_clock::now() < deadline) {
-      auto game = node.ShownGame();
-      if (game && TurnKey(*game) == key) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return false;
-  }
-  static bool LeavesTurn(NodeProcess& node, int key) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (std::chrono::steady_clock::now() < deadline) {
-      auto game = node.ShownGame();
-      if (game && TurnKey(*game) != key) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return false;
-  }
-  // Polls until both show the same game text; else names the first line that
-  // differs.
-  static ::testing::AssertionResult ShowSame(NodeProcess& a, NodeProcess& b) {
-    std::string difference = "no show";
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (std::chrono::steady_clock::now() < deadline) {
-      auto shownA = a.Show();
-      auto shownB = b.Show();
-      if (shownA && shownB) {
-        if (*shownA == *shownB) return ::testing::AssertionSuccess();
-        for (std::size_t i = 0; i < std::min(shownA->size(), shownB->size()); ++i)
-          if ((*shownA)[i] != (*shownB)[i]) {
-            difference =
-                "line " + std::to_string(i + 1) + ": " + (*shownA)[i] + " / " + (*shownB)[i];
-            break;
-          }
-      }
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return ::testing::AssertionFailure() << difference;
-  }
-  static bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (std::chrono::steady_clock::now() < deadline) {
-      if (node.Seats() == seats) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return false;
-  }
-
-  // The mover plays the first legal move of its turn, or the command given,
-  // once its game is there; true when the host has gone on to the next turn.
-  static bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command) {
-    auto game = host.ShownGame();
-    if (!game) return false;
-    const int key = TurnKey(*game);
-    if (!ReachesTurn(mover, key)) return false;
-    if (command.empty()) {
-      auto move = FirstLegalMove(*mover.ShownGame());
-      if (!move) return false;
-      mover.Send(move->Command());
-    } else {
-      mover.Send(command);
-    }
-    return LeavesTurn(host, key);
-  }
   // The computer may have played before the host is asked.
   static bool ComputerTurn(NodeProcess& host, int team) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
@@ -176,12 +84,12 @@ TEST_F(NetPlayNodeTest, AWholeGameEndsAlikeOnTheHostAndBothClients) {
 
   // Two rounds of moves, the computer playing Black; Red is the host's player.
   for (int round = 1; round <= 2; ++round) {
-    ASSERT_TRUE(PlayTurn(*alice, *host, "")) << alice->Recent() << host->Recent();
-    ASSERT_TRUE(PlayTurn(*bob, *host, "")) << bob->Recent() << host->Recent();
+    ASSERT_TRUE(PlayTurn(*alice, *host)) << alice->Recent() << host->Recent();
+    ASSERT_TRUE(PlayTurn(*bob, *host)) << bob->Recent() << host->Recent();
     ASSERT_TRUE(ComputerTurn(*host, kBlack)) << host->Recent();
-    ASSERT_TRUE(PlayTurn(*host, *host, "")) << host->Recent();
+    ASSERT_TRUE(PlayTurn(*host, *host)) << host->Recent();
   }
-  EXPECT_TRUE(ShowSame(*host, *alice));
+  EXPECT_EQ(ShowDifference(*host, *alice), "");
 
   // White goes to the computer in the middle of Alice's selection, which the
   // computer drops to play the turn; then the seat is hers again.
@@ -193,9 +101,9 @@ TEST_F(NetPlayNodeTest, AWholeGameEndsAlikeOnTheHostAndBothClients) {
   host->Send("computer 1 1");
   ASSERT_TRUE(ComputerTurn(*host, kWhite)) << host->Recent();
   host->Send("assign 1 1");
-  ASSERT_TRUE(PlayTurn(*bob, *host, "")) << bob->Recent() << host->Recent();
+  ASSERT_TRUE(PlayTurn(*bob, *host)) << bob->Recent() << host->Recent();
   ASSERT_TRUE(ComputerTurn(*host, kBlack)) << host->Recent();
-  ASSERT_TRUE(PlayTurn(*host, *host, "")) << host->Recent();
+  ASSERT_TRUE(PlayTurn(*host, *host)) << host->Recent();
 
   // Then every human team gives up in its turn, and Black is left standing.
   ASSERT_TRUE(PlayTurn(*alice, *host, "resign")) << alice->Recent() << host->Recent();
@@ -234,15 +142,15 @@ TEST_F(NetPlayNodeTest, AClientJoiningMidSelectionShowsTheSameSelection) {
   host->Send("click " + std::to_string(piece->x) + " " + std::to_string(piece->y));
   ASSERT_TRUE(host->WaitFor("mode 2")) << host->Recent();
   auto carol = Join("Carol", 1);
-  EXPECT_TRUE(ShowSame(*host, *carol)) << carol->Recent();
+  EXPECT_EQ(ShowDifference(*host, *carol), "") << carol->Recent();
 
   auto destination = FirstMarked(*host->ShownGame(), kMarkDestination);
   ASSERT_TRUE(destination);
   host->Send("click " + std::to_string(destination->x) + " " + std::to_string(destination->y));
   ASSERT_TRUE(host->WaitFor("mode 3")) << host->Recent();
   auto dave = Join("Dave", 2);
-  EXPECT_TRUE(ShowSame(*host, *dave)) << dave->Recent();
-  EXPECT_TRUE(ShowSame(*host, *carol)) << carol->Recent();
+  EXPECT_EQ(ShowDifference(*host, *dave), "") << dave->Recent();
+  EXPECT_EQ(ShowDifference(*host, *carol), "") << carol->Recent();
 }
 
 TEST_F(NetPlayNodeTest, AClientKilledInItsMoveLeavesTheSeatToTheHost) {
@@ -272,9 +180,9 @@ TEST_F(NetPlayNodeTest, AClientKilledInItsMoveLeavesTheSeatToTheHost) {
       << bob->Recent();
 
   // The host's player finishes White's move, and Bob plays on.
-  ASSERT_TRUE(PlayTurn(*host, *host, "")) << host->Recent();
-  ASSERT_TRUE(PlayTurn(*bob, *host, "")) << bob->Recent() << host->Recent();
-  EXPECT_TRUE(ShowSame(*host, *bob));
+  ASSERT_TRUE(PlayTurn(*host, *host)) << host->Recent();
+  ASSERT_TRUE(PlayTurn(*bob, *host)) << bob->Recent() << host->Recent();
+  EXPECT_EQ(ShowDifference(*host, *bob), "");
 }
 
 TEST_F(NetPlayNodeTest, RefusedCommandsChangeNothingAndFailuresAreTold) {
@@ -304,7 +212,7 @@ TEST_F(NetPlayNodeTest, RefusedCommandsChangeNothingAndFailuresAreTold) {
   host->Send("assign 2 7");
   EXPECT_EQ(host->WaitFor("error"), "error node 7 is not here");
   EXPECT_EQ(alice->Show(), before);
-  EXPECT_TRUE(ShowSame(*host, *alice));
+  EXPECT_EQ(ShowDifference(*host, *alice), "");
 
   // Nobody listens on the second port: the client tells and keeps running.
   auto lonely = NodeProcess({"join", "--address", "127.0.0.1", "--port",
@@ -339,7 +247,7 @@ TEST_F(NetPlayNodeTest, ChatSaveLoadAndBootReachEveryNode) {
   host->Send("load talk.vsh");
   EXPECT_TRUE(alice->WaitFor("chat *** Hosty (host) has loaded a game: 'Talk")) << alice->Recent();
   EXPECT_EQ(host->Show(), saved);
-  EXPECT_TRUE(ShowSame(*host, *alice));
+  EXPECT_EQ(ShowDifference(*host, *alice), "");
   NodeProcess loaded(
       {"host", "--port", std::to_string(testing::FreeLoopbackPort()), "--game", "talk.vsh"},
       folder_.Slashed());
