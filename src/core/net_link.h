@@ -14,6 +14,9 @@ class NetLink {
   virtual void SendToAll(const std::string& message, int skipNode) = 0;
   // A client sends to node 0, the host.
   virtual void SendToClient(int node, const std::string& message) = 0;
+  // A move or a resignation has been played out on this machine, the turn
+  // passed on: the session keeps count and checks that machines agree.
+  virtual void OnGameEvent() {}
 };
 
 }  // namespace varkesh

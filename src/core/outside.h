@@ -89,6 +89,9 @@ class Outside {
   void SendToClient(int node, const std::string& message) {
     if (netLink_) netLink_->SendToClient(node, message);
   }
+  void GameEventDone() {
+    if (netLink_) netLink_->OnGameEvent();
+  }
 
   // Lets pending events run.
   virtual void Yield() = 0;

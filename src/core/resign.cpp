@@ -101,6 +101,7 @@ void DoResign(Game& game, Outside& outside, int resignToTeam) {
       outside.SetMenuEnabled(Menu::Resign, false);
     else
       PassTurn(game, outside);
+    outside.GameEventDone();
   }
   game.boardChanged = true;
 }

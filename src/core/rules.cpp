@@ -1,5 +1,7 @@
 #include "core/rules.h"
 
+#include <algorithm>
+
 #include "core/piece_moves.h"
 
 namespace varkesh {
@@ -48,6 +50,17 @@ int FindMoves(Game& game, int x, int y, bool markSquares, bool addToMoveList) {
       break;
   }
   return search.count;
+}
+
+bool IsListedMove(const Game& game, int fromX, int fromY, int toX, int toY) {
+  if (!Board::InBounds(fromX, fromY) || game.board.at(fromX, fromY).team != game.currentTeam)
+    return false;
+  // On a copy: listing moves touches the move list.
+  Game probe = game;
+  probe.moveList.Clear();
+  FindMoves(probe, fromX, fromY, false, true);
+  return std::any_of(probe.moveList.begin(), probe.moveList.end(),
+                     [&](const MoveRec& m) { return m.toX == toX && m.toY == toY; });
 }
 
 int FindMoveablePieces(Game& game, int team, bool forStrobe, bool forComputer) {

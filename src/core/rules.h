@@ -15,6 +15,10 @@ bool IsHostile(int gameType, int team, int other);
 // moveablePieces; addToMoveList appends a MoveRec. Returns the count.
 int FindMoves(Game& game, int x, int y, bool markSquares, bool addToMoveList);
 
+// Whether (toX, toY) is a destination FindMoves lists for a piece of
+// currentTeam on (fromX, fromY). The game is left as it is.
+bool IsListedMove(const Game& game, int fromX, int fromY, int toX, int toY);
+
 // Pieces of team that have a destination, in scan order; each gets mark 1.
 int FindMoveablePieces(Game& game, int team, bool forStrobe, bool forComputer);
 

@@ -68,6 +68,7 @@ void AcceptMove(Game& game, Outside& outside) {
     SendMove(game, outside);
     FinishMove(game, outside);
   });
+  outside.GameEventDone();
 }
 
 void NetAcceptMove(Game& game, Outside& outside) {
@@ -77,6 +78,7 @@ void NetAcceptMove(Game& game, Outside& outside) {
     RepeatPawnOption(game, outside);
     FinishMove(game, outside);
   });
+  outside.GameEventDone();
 }
 
 }  // namespace varkesh

@@ -88,6 +88,7 @@ void StepComputerMoves(Game& game, Outside& outside, GameView& view) {
   if (ChoosesComputerMoves(game)) UnlockMenus(game, outside);
   game.clickPending = false;
   game.boardChanged = true;
+  outside.GameEventDone();
 }
 
 }  // namespace varkesh

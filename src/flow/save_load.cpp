@@ -120,15 +120,10 @@ void LoadGame(Game& game, Outside& outside, const std::string& path) {
   TryLoadGame(game, outside, path);
 }
 
-bool LoadGameText(Game& game, Outside& outside, const std::string& text) {
-  bool loaded = false;
-  Guarded(outside, kModule, "LoadGame", [&] {
-    if (auto problem = ReadGameText(text, game))
-      throw std::runtime_error("The game sent by the host cannot be read: " + *problem);
-    loaded = true;
-    ResumeLoadedGame(game, outside);
-  });
-  return loaded;
+std::optional<std::string> LoadGameText(Game& game, Outside& outside, const std::string& text) {
+  if (auto problem = ReadGameText(text, game)) return problem;
+  Guarded(outside, kModule, "LoadGame", [&] { ResumeLoadedGame(game, outside); });
+  return std::nullopt;
 }
 
 std::string GameImage(Game& game, Outside& /*outside*/) {

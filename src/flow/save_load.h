@@ -1,6 +1,7 @@
 // Saving and loading games in coded .vsh files.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/game.h"
@@ -13,8 +14,10 @@ void SaveGame(Game& game, Outside& outside, const std::string& path);
 // running game stays exactly as it was and the error handler reports it.
 void LoadGame(Game& game, Outside& outside, const std::string& path);
 
-// The same for a game's plain text, as a host sends it; true when loaded.
-bool LoadGameText(Game& game, Outside& outside, const std::string& text);
+// The same for a game's plain text, as a host sends it. A text that cannot
+// be read is no fault of this program: the problem comes back, no box shows,
+// and the game stays as it was.
+std::optional<std::string> LoadGameText(Game& game, Outside& outside, const std::string& text);
 
 // Starts the game that has just been read at the beginning of its team's
 // turn: the labels, fresh marks, mode 1 or 8, the pause button.

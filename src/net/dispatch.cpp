@@ -1,8 +1,11 @@
 #include "net/dispatch.h"
 
+#include "net/authority.h"
 #include "net/chat.h"
+#include "net/extension.h"
 #include "net/game_queue.h"
 #include "net/node_table.h"
+#include "net/rejoin.h"
 #include "net/seats.h"
 #include "net/sending.h"
 #include "net/text.h"
@@ -11,14 +14,22 @@ namespace varkesh::net {
 
 namespace {
 
-bool IsGameVerb(std::string_view verb) {
-  return verb == "GUPM" || verb == "GUGS" || verb == "GAMV" || verb == "GRES";
-}
+constexpr std::size_t kChatLinesPerWindow = 8;
+constexpr double kChatWindowSeconds = 10.0;
 
 void ShowNotice(NetNode& node, std::string_view text) {
   AddMessage(node, "");
   AddMessage(node, std::string(text));
   AddMessage(node, "");
+}
+
+// A full queue means a peer sends far faster than any game is played.
+bool QueueFrom(NetNode& node, int from, const std::string& message) {
+  if (AddToGameQ(node.session, message, from)) return true;
+  ReportNetError(
+      node, "AddToGameQ", 5,
+      "The game queue is full; a message of node " + std::to_string(from) + " was dropped");
+  return true;
 }
 
 // The client learns its node number and answers with its player's name.
@@ -27,6 +38,7 @@ bool TakeNodeNumber(NetNode& node, std::string_view payload) {
   if (number < 1 || number > kMaxNodeNumber) return false;
   node.game.myNodeId = number;
   AddMessage(node, "You are connected as Node #" + std::to_string(number));
+  SendHello(node);
   SendToHost(node, "GMNI}" + node.game.localPlayerName);
   node.view.SetChatEnabled(true);
   return true;
@@ -66,17 +78,15 @@ bool DispatchClient(NetNode& node, const std::string& message) {
   if (verb == "GYNI") return TakeNodeNumber(node, parts.payload);
   if (verb == "GCNL") return BreakDownNodeList(node, parts.payload);
   if (verb == "GCNC") {
-    // A game still waiting in the queue would bring back the seats of its
-    // image: the new seats go through the queue behind it as well.
-    for (const std::string& waiting : node.session.gameQueue)
-      if (SplitMessage(waiting).verb == "GLGF") {
-        AddToGameQ(node.session, message);
-        break;
-      }
+    // Seats change between the game messages still waiting, where the host
+    // changed them: a game waiting in the queue would otherwise bring back
+    // the seats of its image, and checksums would be taken with other seats.
+    if (!node.session.gameQueue.empty()) return QueueFrom(node, 0, message);
     return BreakDownNodeControl(node, parts.payload);
   }
-  if (verb == "GLGF" || IsGameVerb(verb)) {
-    AddToGameQ(node.session, message);
+  if (verb == "GLGF" || verb == kSyncVerb || IsGameVerb(verb)) return QueueFrom(node, 0, message);
+  if (verb == kHelloVerb) {
+    TakeHello(node, 0);
     return true;
   }
   if (verb == "GCHT") {
@@ -91,6 +101,9 @@ bool DispatchClient(NetNode& node, const std::string& message) {
 }
 
 void Welcome(NetNode& node, int from, std::string_view payload) {
+  PeerGuard& peer = node.session.peers[static_cast<std::size_t>(from)];
+  if (peer.welcomed) return;
+  peer.welcomed = true;
   std::string name = CleanName(payload);
   if (name.empty()) name = "Node " + std::to_string(from);
   const std::string joined = "     *** " + name + " has joined.";
@@ -98,10 +111,34 @@ void Welcome(NetNode& node, int from, std::string_view payload) {
   SendNotice(node, joined);
   node.session.nodeNames[static_cast<std::size_t>(from)] = name;
   SendNodeList(node);
+  RestoreSeats(node, from);
   CatchUpClient(node, from);
 }
 
+// At most kChatLinesPerWindow lines of a client in any kChatWindowSeconds;
+// the first line over the limit earns the client one notice.
+bool WithinChatLimit(NetNode& node, int from) {
+  PeerGuard& peer = node.session.peers[static_cast<std::size_t>(from)];
+  const double now = node.outside.Now();
+  while (!peer.chatTimes.empty() && now - peer.chatTimes.front() >= kChatWindowSeconds)
+    peer.chatTimes.pop_front();
+  if (peer.chatTimes.size() < kChatLinesPerWindow) {
+    peer.chatTimes.push_back(now);
+    peer.chatNoticeSent = false;
+    return true;
+  }
+  if (!peer.chatNoticeSent) {
+    peer.chatNoticeSent = true;
+    SendToNode(node, from,
+               "GMSG}*** Too many chat lines: at most " + std::to_string(kChatLinesPerWindow) +
+                   " in " + std::to_string(static_cast<int>(kChatWindowSeconds)) +
+                   " seconds. The rest were not sent.");
+  }
+  return false;
+}
+
 void RelayChat(NetNode& node, int from, std::string_view payload) {
+  if (!WithinChatLimit(node, from)) return;
   const std::string text = ShowableText(payload);
   AddChat(node, node.session.nodeNames[static_cast<std::size_t>(from)], text,
           PlayerColor(node.game, from));
@@ -114,9 +151,11 @@ bool DispatchHost(NetNode& node, int from, const std::string& message) {
     Welcome(node, from, parts.payload);
   } else if (parts.verb == "GCHT") {
     RelayChat(node, from, parts.payload);
-  } else if (IsGameVerb(parts.verb)) {
-    AddToGameQ(node.session, message);
-    SendToAllNodes(node, message, from);
+  } else if (IsGameVerb(parts.verb) || parts.verb == kChecksumVerb) {
+    // Judged and relayed when its turn in the host's order comes.
+    return QueueFrom(node, from, message);
+  } else if (parts.verb == kHelloVerb) {
+    TakeHello(node, from);
   }
   return true;
 }

@@ -7,6 +7,8 @@
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
 #include "flow/save_load.h"
+#include "net/authority.h"
+#include "net/extension.h"
 #include "net/seats.h"
 #include "net/sending.h"
 #include "net/text.h"
@@ -86,14 +88,20 @@ bool AcceptNetResign(NetNode& node, std::string_view payload) {
 }
 
 bool LoadSentGame(NetNode& node, std::string_view payload) {
-  if (!LoadGameText(node.game, node.outside, std::string(payload))) return false;
+  if (auto problem = LoadGameText(node.game, node.outside, std::string(payload))) {
+    ReportNetError(node, "LoadGame", 4,
+                   "The game sent by the host cannot be read: " + ShowableText(*problem));
+    return true;
+  }
   UpdatePlayerNames(node);
+  NoteLoadEvent(node);
   return true;
 }
 
 bool ApplyGameMessage(NetNode& node, std::string_view message) {
   const Message parts = SplitMessage(message);
   if (parts.verb == "GLGF") return LoadSentGame(node, parts.payload);
+  if (parts.verb == kSyncVerb) return TakeSync(node, parts.payload);
   if (parts.verb == "GUPM") return UpdatePieceMove(node.game, parts.payload);
   if (parts.verb == "GUGS") return UpdateGameState(node, parts.payload);
   if (parts.verb == "GAMV") return AcceptNetMove(node, parts.payload);
@@ -104,16 +112,35 @@ bool ApplyGameMessage(NetNode& node, std::string_view message) {
 
 }  // namespace
 
-void AddToGameQ(NetSession& session, std::string message) {
+bool AddToGameQ(NetSession& session, std::string message, int from) {
+  if (session.gameQueue.size() >= kMaxQueuedMessages) return false;
   if (static_cast<int>(session.gameQueue.size()) >= session.gameQueueSize)
     session.gameQueueSize += kQueueGrowth;
-  session.gameQueue.push_back(std::move(message));
+  session.gameQueue.push_back({std::move(message), from});
+  return true;
 }
 
 void ProcessGameQ(NetNode& node) {
   if (node.session.gameQueue.empty()) return;
-  std::string message = std::move(node.session.gameQueue.front());
+  const QueuedMessage entry = std::move(node.session.gameQueue.front());
   node.session.gameQueue.pop_front();
+  const std::string& message = entry.text;
+  if (node.game.netRole == kNetHosting) {
+    if (SplitMessage(message).verb == kChecksumVerb) {
+      CompareChecksum(node, entry.from, SplitMessage(message).payload);
+      return;
+    }
+    const std::string refusal = RefusalOf(node.game, entry.from, message);
+    if (!refusal.empty()) {
+      ReportNetError(node, "ProcessGameQ", 2,
+                     "A '" + ShowableText(SplitMessage(message).verb.substr(0, 4)) +
+                         "' message of node " + std::to_string(entry.from) +
+                         " was refused: " + refusal);
+      ScheduleCatchUp(node, entry.from);
+      return;
+    }
+    SendToAllNodes(node, message, entry.from);
+  }
   if (!ApplyGameMessage(node, message))
     ReportNetError(node, "ProcessGameQ", 1,
                    "A game message was dropped: '" +
@@ -133,6 +160,7 @@ void CatchUpClient(NetNode& node, int clientNode) {
   if (mode != ModeChoosePiece && mode != ModeChooseDestination && mode != ModeConfirmMove &&
       mode != ModeComputerThinks && mode != ModeComputerMoves)
     return;
+  AddSyncFor(node, clientNode);
   SendToNode(node, clientNode, "GLGF}" + GameImage(game, node.outside));
   SendToNode(node, clientNode,
              NumberMessage("GUPM", {game.moveFromX, game.moveFromY, game.moveToX, game.moveToY}));

@@ -9,8 +9,12 @@
 
 namespace varkesh::net {
 
-void AddToGameQ(NetSession& session, std::string message);
-// Takes the oldest message off the queue and applies it.
+// A message of node from (0 on a client: the host) at the end of the queue;
+// false, and nothing queued, when the queue is full.
+bool AddToGameQ(NetSession& session, std::string message, int from = 0);
+// Takes the oldest message off the queue and applies it. A host applies and
+// relays a client's game message only if that client may send it; else it
+// logs why and sends that client the game again.
 void ProcessGameQ(NetNode& node);
 // Host: the seats, and in a running turn the game, the selection and the mode.
 void CatchUpClient(NetNode& node, int clientNode);

@@ -38,9 +38,11 @@ class SessionLink final : public TransportEvents, public NetLink {
   void OnData(ConnectionId connection, std::string_view bytes) override;
   void OnClosed(ConnectionId connection) override;
   void OnError(ConnectionId connection, int number, const std::string& description) override;
+  void OnTick() override;
 
   void SendToAll(const std::string& chunk, int skipNode) override;
   void SendToClient(int clientNum, const std::string& chunk) override;
+  void OnGameEvent() override;
 
  private:
   NetNode& node_;

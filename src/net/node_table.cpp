@@ -15,6 +15,7 @@ void GrowTables(NetSession& session) {
   session.nodeInUse.resize(size, false);
   session.nodeBuffers.resize(size);
   session.nodeConnections.resize(size, 0);
+  session.peers.resize(size);
 }
 
 std::string NodeLineText(const Game& game, int i, const std::string& name) {
@@ -39,6 +40,12 @@ void ResetNodeTables(NetSession& session, const std::string& name) {
   session.nodeInUse = {!name.empty()};
   session.nodeBuffers = {std::string()};
   session.nodeConnections = {0};
+  session.peers = {PeerGuard{}};
+  // What was counted and remembered of the peers goes with them.
+  session.gameEvents = 0;
+  session.nextLoadEvent = -1;
+  session.recentChecksums.clear();
+  session.droppedSeats.clear();
 }
 
 int NodeOfConnection(const NetSession& session, ConnectionId connection) {

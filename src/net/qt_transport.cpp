@@ -5,12 +5,18 @@
 #include <QNetworkInterface>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 
 namespace varkesh::net {
 
 namespace {
 
 constexpr int kHighestPort = 65535;
+constexpr int kTickMilliseconds = 1000;
+// A closed connection may finish sending for this long, and only while
+// little is left to send: a peer that does not read must not hold memory.
+constexpr int kLingerMilliseconds = 10000;
+constexpr qint64 kLingerBytes = 64 * 1024;
 
 bool PortInRange(int port) {
   return port >= 0 && port <= kHighestPort;
@@ -34,10 +40,16 @@ void SendAtOnce(QTcpSocket* socket) {
 
 }  // namespace
 
-QtTransport::QtTransport(QObject* parent) : QObject(parent) {}
+QtTransport::QtTransport(QObject* parent) : QObject(parent), ticks_(new QTimer(this)) {
+  ticks_->setInterval(kTickMilliseconds);
+  connect(ticks_, &QTimer::timeout, this, [this] {
+    if (events() != nullptr) events()->OnTick();
+  });
+}
 
 QtTransport::~QtTransport() {
   // Nothing may reach the events from here on, and the sockets go with us.
+  ticks_->stop();
   if (server_ != nullptr) {
     server_->disconnect();
     delete server_;
@@ -68,6 +80,7 @@ bool QtTransport::Listen(int port, std::string& error) {
     error = server_->errorString().toStdString();
     return false;
   }
+  UpdateTicks();
   return true;
 }
 
@@ -87,6 +100,7 @@ void QtTransport::Connect(const std::string& host, int port) {
   auto* socket = new QTcpSocket(this);
   Adopt(socket, false);
   socket->connectToHost(HostName(host), static_cast<quint16>(port));
+  UpdateTicks();
 }
 
 void QtTransport::Send(ConnectionId connection, std::string_view bytes) {
@@ -110,6 +124,7 @@ void QtTransport::Close(ConnectionId connection) {
     }
   }
   while (!links_.empty()) Release(links_.begin()->first);
+  UpdateTicks();
 }
 
 std::size_t QtTransport::PendingBytes(ConnectionId connection) const {
@@ -131,6 +146,7 @@ ConnectionId QtTransport::Adopt(QTcpSocket* socket, bool established) {
   if (established) SendAtOnce(socket);
   const ConnectionId connection = ++lastConnection_;
   links_[connection] = Link{socket, established};
+  UpdateTicks();
   connect(socket, &QTcpSocket::readyRead, this, [this, connection] { ReadAll(connection); });
   connect(socket, &QTcpSocket::connected, this,
           [this, connection] { SocketConnected(connection); });
@@ -211,13 +227,29 @@ void QtTransport::Release(ConnectionId connection) {
   if (link == links_.end()) return;
   QTcpSocket* socket = link->second.socket;
   links_.erase(link);
+  UpdateTicks();
   socket->disconnect(this);
+  if (socket->bytesToWrite() > kLingerBytes) {
+    socket->abort();
+    socket->deleteLater();
+    return;
+  }
   connect(socket, &QAbstractSocket::stateChanged, socket,
           [socket](QAbstractSocket::SocketState state) {
             if (state == QAbstractSocket::UnconnectedState) socket->deleteLater();
           });
+  QTimer::singleShot(kLingerMilliseconds, socket, [socket] {
+    socket->abort();
+    socket->deleteLater();
+  });
   socket->disconnectFromHost();
   if (socket->state() == QAbstractSocket::UnconnectedState) socket->deleteLater();
+}
+
+void QtTransport::UpdateTicks() {
+  const bool open = !links_.empty() || (server_ != nullptr && server_->isListening());
+  if (open && !ticks_->isActive()) ticks_->start();
+  if (!open) ticks_->stop();
 }
 
 }  // namespace varkesh::net

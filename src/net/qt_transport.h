@@ -11,6 +11,7 @@
 
 class QTcpServer;
 class QTcpSocket;
+class QTimer;
 
 namespace varkesh::net {
 
@@ -44,7 +45,11 @@ class QtTransport final : public QObject, public Transport {
   // then delete itself; nothing of it reaches the events any more.
   void Release(ConnectionId connection);
 
+  // Ticks for the session while anything is open.
+  void UpdateTicks();
+
   QTcpServer* server_ = nullptr;
+  QTimer* ticks_ = nullptr;
   std::map<ConnectionId, Link> links_;
   ConnectionId lastConnection_ = 0;
   // Raised by Close(0), so that a failure queued before it stays unheard.

@@ -22,6 +22,38 @@ inline constexpr int kMaxNodeNumber = 1024;
 // A message that has not ended by then is no message of ours.
 inline constexpr std::size_t kMaxMessageBytes = 64 * 1024;
 inline constexpr std::size_t kMaxNameBytes = 64;
+// A peer that does not read is let go before its queue grows past this.
+inline constexpr std::size_t kMaxBacklogBytes = 4 * 1024 * 1024;
+// Game messages waiting at once; well-behaved peers never come near it.
+inline constexpr std::size_t kMaxQueuedMessages = 4096;
+
+// What this program knows of one peer beyond the node tables: on a host one
+// for each node, on a client element 0 for the host.
+struct PeerGuard {
+  bool extended = false;  // it announced the extension verbs
+  bool welcomed = false;  // host: its name came; a second one is ignored
+  double lastHeard = 0.0;
+  bool overloaded = false;  // its backlog passed the limit: let go at the next chance
+  // Host: the times of its recent chat lines, and whether it was told of the limit.
+  std::deque<double> chatTimes;
+  bool chatNoticeSent = false;
+  // Host: its game is to be sent again once the last sending is old enough.
+  bool catchUpDue = false;
+  double lastCatchUp = -1.0e9;
+};
+
+// A game message with the node it came from (0 on a client: the host).
+struct QueuedMessage {
+  std::string text;
+  int from = 0;
+};
+
+// Host: seats that fell back to the host when their player's line dropped.
+struct DroppedSeats {
+  std::string name;
+  std::vector<int> teams;
+  double at = 0.0;
+};
 
 struct NetSession {
   // From the connect dialog.
@@ -37,16 +69,31 @@ struct NetSession {
   // The connection of each node: on a host, element n is node n's; on a
   // client, element 0 is the connection to the host. 0 is none.
   std::vector<ConnectionId> nodeConnections{0};
+  std::vector<PeerGuard> peers{PeerGuard{}};
 
   // Set for the rest of the run once the notice of a NetPlay error was shown.
   bool netErrorShown = false;
+  // Times of the error blocks logged lately: a flood of bad messages must
+  // not fill the disk.
+  std::deque<double> recentErrors;
   // Messages are being cut from the buffers; a nested arrival only appends.
   bool cutting = false;
 
   // Whole game messages waiting to be applied, oldest first. Capacity grows
   // by 10 as it fills (0 on a host, 10 on a client when the session opens).
-  std::deque<std::string> gameQueue;
+  std::deque<QueuedMessage> gameQueue;
   int gameQueueSize = 0;
+
+  // Moves, resignations and loads, counted alike on every machine, so that
+  // a client's checksum can be matched with the host's of the same moment.
+  int gameEvents = 0;
+  // Client: the count that the next game sent by the host sets; -1 for none.
+  int nextLoadEvent = -1;
+  // Host: the checksums of its latest events, oldest first.
+  std::deque<std::pair<int, int>> recentChecksums;
+  double lastKeepAlive = 0.0;
+  double lastTick = 0.0;
+  std::vector<DroppedSeats> droppedSeats;
 
   ChatHistory chat;
 };

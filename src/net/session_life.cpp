@@ -1,7 +1,10 @@
 #include "flow/error_handler.h"
 #include "net/chat.h"
+#include "net/departures.h"
 #include "net/dispatch.h"
+#include "net/extension.h"
 #include "net/node_table.h"
+#include "net/rejoin.h"
 #include "net/seats.h"
 #include "net/sending.h"
 
@@ -22,7 +25,10 @@ bool AllSeatsHuman(const Game& game) {
   return true;
 }
 
-// Host: node n has gone; its seats fall back to the host's player.
+constexpr std::size_t kErrorBlocksPerMinute = 100;
+
+}  // namespace
+
 void NodeLeft(NetNode& node, int n) {
   NetSession& session = node.session;
   const std::size_t at = static_cast<std::size_t>(n);
@@ -36,21 +42,24 @@ void NodeLeft(NetNode& node, int n) {
   session.nodeBuffers[at].clear();
   node.transport.Close(session.nodeConnections[at]);
   session.nodeConnections[at] = 0;
-  bool seatFell = false;
-  for (int& seat : node.game.seatNode) {
+  session.peers[at] = PeerGuard{};
+  // What it still had waiting is no one's now; a joiner may get its number.
+  std::erase_if(session.gameQueue, [n](const QueuedMessage& queued) { return queued.from == n; });
+  std::vector<int> fallen;
+  for (int team = kWhite; team <= kRed; ++team) {
+    int& seat = node.game.seatNode[static_cast<std::size_t>(team - 1)];
     if (seat != n) continue;
     seat = 0;
-    seatFell = true;
+    fallen.push_back(team);
   }
-  if (seatFell) {
+  if (!fallen.empty()) {
     SendToAllNodes(node, ControlMessage(node.game), 0);
     UpdatePlayerNames(node);
+    RememberDroppedSeats(node, name, std::move(fallen));
   }
   SendNodeList(node);
 }
 
-// The host's port or the client's line to the host is gone; the game on
-// the screen stays and every seat is this program's now.
 void LostConnection(NetNode& node) {
   Game& game = node.game;
   if (game.netRole == kNetHosting) {
@@ -68,7 +77,12 @@ void LostConnection(NetNode& node) {
   ResetNodeTables(node.session, "");
 }
 
-}  // namespace
+void LetGo(NetNode& node, int peer) {
+  if (node.game.netRole == kNetHosting && peer > 0)
+    NodeLeft(node, peer);
+  else
+    LostConnection(node);
+}
 
 SessionLink::SessionLink(NetNode& node) : node_(node) {
   node_.transport.SetEvents(this);
@@ -98,6 +112,8 @@ void SessionLink::OnAccepted(ConnectionId connection) {
   session.nodeConnections[at] = connection;
   session.nodeInUse[at] = true;
   session.nodeBuffers[at].clear();
+  session.peers[at] = PeerGuard{};
+  session.peers[at].lastHeard = node.outside.Now();
   SendToNode(node, n, "GYNI}" + std::to_string(n));
 }
 
@@ -105,6 +121,8 @@ void SessionLink::OnConnected(ConnectionId connection) {
   NetSession& session = node_.session;
   session.nodeConnections[0] = connection;
   session.nodeBuffers[0].clear();
+  session.peers[0] = PeerGuard{};
+  session.peers[0].lastHeard = node_.outside.Now();
   AddMessage(node_, "... host has answered.");
   AddMessage(node_, "");
   node_.game.netRole = kNetClient;
@@ -114,6 +132,7 @@ void SessionLink::OnData(ConnectionId connection, std::string_view bytes) {
   NetSession& session = node_.session;
   const int n = NodeOfConnection(session, connection);
   if (n < 0) return;
+  session.peers[static_cast<std::size_t>(n)].lastHeard = node_.outside.Now();
   std::string& buffer = session.nodeBuffers[static_cast<std::size_t>(n)];
   buffer.append(bytes);
   // A peer that never ends its message must not fill this program's memory.
@@ -125,10 +144,7 @@ void SessionLink::OnData(ConnectionId connection, std::string_view bytes) {
                    "A message longer than " + std::to_string(kMaxMessageBytes) +
                        " bytes; the connection is closed");
     buffer.clear();
-    if (node_.game.netRole == kNetHosting && n > 0)
-      NodeLeft(node_, n);
-    else
-      LostConnection(node_);
+    LetGo(node_, n);
     return;
   }
   CutStreams(node_);
@@ -137,10 +153,11 @@ void SessionLink::OnData(ConnectionId connection, std::string_view bytes) {
 void SessionLink::OnClosed(ConnectionId connection) {
   const int n = NodeOfConnection(node_.session, connection);
   if (n < 0) return;
-  if (node_.game.netRole == kNetHosting && n > 0)
-    NodeLeft(node_, n);
-  else
-    LostConnection(node_);
+  LetGo(node_, n);
+}
+
+void SessionLink::OnTick() {
+  KeepAlive(node_);
 }
 
 void SessionLink::OnError(ConnectionId, int number, const std::string& description) {
@@ -148,7 +165,14 @@ void SessionLink::OnError(ConnectionId, int number, const std::string& descripti
 }
 
 void SessionLink::SendToAll(const std::string& chunk, int skipNode) {
+  // A game for everyone is a new or loaded game of the host's: an event.
+  if (node_.game.netRole == kNetHosting && SplitMessage(chunk).verb == "GLGF")
+    AnnounceSentGame(node_);
   SendToAllNodes(node_, chunk, skipNode);
+}
+
+void SessionLink::OnGameEvent() {
+  NoteGameEvent(node_);
 }
 
 void SessionLink::SendToClient(int clientNum, const std::string& chunk) {
@@ -162,6 +186,12 @@ void SendToNode(NetNode& node, int clientNum, const std::string& chunk) {
       clientNum >= 0 && at < session.nodeConnections.size() ? session.nodeConnections[at] : 0;
   if (connection == 0) {
     ReportNetError(node, "SendToClient", kClosedConnectionError, kClosedConnectionText);
+    return;
+  }
+  // A peer that does not read is let go on the next tick; until then its
+  // queue grows no further.
+  if (node.transport.PendingBytes(connection) > kMaxBacklogBytes) {
+    node.session.peers[at].overloaded = true;
     return;
   }
   std::string framed = chunk;
@@ -235,7 +265,16 @@ void CloseSession(NetNode& node) {
 
 void ReportNetError(NetNode& node, const std::string& sub, int number,
                     const std::string& description) {
-  AppendErrorBlock(node.outside.Engine(), "error_netplay.log", "", sub, number, description);
+  std::deque<double>& recent = node.session.recentErrors;
+  const double now = node.outside.Now();
+  while (!recent.empty() && now - recent.front() >= 60.0) recent.pop_front();
+  if (recent.size() < kErrorBlocksPerMinute) {
+    recent.push_back(now);
+    AppendErrorBlock(node.outside.Engine(), "error_netplay.log", "", sub, number,
+                     recent.size() < kErrorBlocksPerMinute
+                         ? description
+                         : description + " (further errors this minute are not logged)");
+  }
   if (node.session.netErrorShown) return;
   node.session.netErrorShown = true;
   AddMessage(node,

@@ -28,6 +28,8 @@ class TransportEvents {
   // failed before it had a connection. A broken connection raises OnClosed
   // after its OnError.
   virtual void OnError(ConnectionId connection, int number, const std::string& description) = 0;
+  // About once a second while the transport listens or has a connection.
+  virtual void OnTick() {}
 };
 
 class Transport {

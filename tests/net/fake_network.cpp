@@ -124,6 +124,11 @@ void FakeNetwork::Break(const FakeTransport& end, ConnectionId connection) {
   }
 }
 
+void FakeNetwork::StopReading(const FakeTransport& end, ConnectionId connection) {
+  const auto found = ends_.find({end.index_, connection});
+  if (found != ends_.end()) found->second.reading = false;
+}
+
 void FakeNetwork::Queue(Delivery delivery) {
   queue_.push_back(std::move(delivery));
 }
@@ -174,6 +179,7 @@ void FakeNetwork::DeliverService(const EndKey& key) {
   if (found == ends_.end()) return;
   End& end = found->second;
   end.serviceQueued = false;
+  if (!end.reading) return;
   TransportEvents* events = EventsOf(key.first);
 
   if (!end.arrived.empty()) {

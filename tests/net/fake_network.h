@@ -66,6 +66,9 @@ class FakeNetwork {
   // The connection fails at once: bytes on the way are lost, and both ends
   // hear an error followed by the close.
   void Break(const FakeTransport& end, ConnectionId connection);
+  // This end takes nothing more off the network: what is sent to it stays
+  // pending at the sender, as with a peer that does not read.
+  void StopReading(const FakeTransport& end, ConnectionId connection);
 
  private:
   friend class FakeTransport;
@@ -79,6 +82,7 @@ class FakeNetwork {
     std::string arrived;
     Closing closing = Closing::kNone;
     bool serviceQueued = false;
+    bool reading = true;
   };
   enum class Kind { kConnect, kConnected, kService };
   struct Delivery {

@@ -12,6 +12,7 @@
 #include "flow/new_game.h"
 #include "net/fake_network.h"
 #include "net/node.h"
+#include "net/wire.h"
 #include "persist/game_text.h"
 #include "persist/temp_folder.h"
 #include "support/scripted_outside.h"
@@ -81,6 +82,32 @@ struct Peer {
 };
 
 inline constexpr int kTablePort = 5337;
+
+inline const std::string kSep(1, kFieldSeparator);
+inline const std::string kEnd(1, net::kMessageEnd);
+
+// A client that speaks the wire by hand and records what it receives.
+struct RawClient : net::TransportEvents {
+  net::FakeTransport& transport;
+  net::ConnectionId connection = 0;
+  std::string received;
+  explicit RawClient(net::FakeTransport& endpoint) : transport(endpoint) {
+    transport.SetEvents(this);
+    transport.Connect("localhost", kTablePort);
+  }
+  void OnAccepted(net::ConnectionId) override {}
+  void OnConnected(net::ConnectionId id) override { connection = id; }
+  void OnData(net::ConnectionId, std::string_view bytes) override { received.append(bytes); }
+  void OnClosed(net::ConnectionId) override { connection = 0; }
+  void OnError(net::ConnectionId, int, const std::string&) override {}
+  void Send(const std::string& message) { transport.Send(connection, message + kEnd); }
+  std::vector<std::string> Messages() const {
+    std::vector<std::string> messages;
+    std::string rest = received;
+    while (auto message = net::TakeMessage(rest)) messages.push_back(*message);
+    return messages;
+  }
+};
 
 class NetTable : public ::testing::Test {
  protected:

@@ -1,36 +1,9 @@
 // Joining, leaving, the node list, seats, chat and boot between a host and
 // clients on the in-process network.
 #include "net/net_fixture.h"
-#include "net/wire.h"
 
 namespace varkesh::testing {
 namespace {
-
-const std::string kSep(1, kFieldSeparator);
-const std::string kEnd(1, net::kMessageEnd);
-
-// A client that speaks the wire by hand and records what it receives.
-struct RawClient : net::TransportEvents {
-  net::FakeTransport& transport;
-  net::ConnectionId connection = 0;
-  std::string received;
-  explicit RawClient(net::FakeTransport& endpoint) : transport(endpoint) {
-    transport.SetEvents(this);
-    transport.Connect("localhost", kTablePort);
-  }
-  void OnAccepted(net::ConnectionId) override {}
-  void OnConnected(net::ConnectionId id) override { connection = id; }
-  void OnData(net::ConnectionId, std::string_view bytes) override { received.append(bytes); }
-  void OnClosed(net::ConnectionId) override { connection = 0; }
-  void OnError(net::ConnectionId, int, const std::string&) override {}
-  void Send(const std::string& message) { transport.Send(connection, message + kEnd); }
-  std::vector<std::string> Messages() const {
-    std::vector<std::string> messages;
-    std::string rest = received;
-    while (auto message = net::TakeMessage(rest)) messages.push_back(*message);
-    return messages;
-  }
-};
 
 TEST_F(NetTable, JoiningGivesNumbersNamesAndTheListToEveryone) {
   EXPECT_TRUE(host->view.Saw("Hosting as 'Ann' on IP=10.0.0.1, Port=5337 ..."));
@@ -56,7 +29,7 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
   watcher.Send("GMNI}Dee");
   net::AssignSeat(host->node, kBlue, 2);
   net::AssignSeat(host->node, kRed, 2);
-  network.Pump();
+  Settle();
   EXPECT_EQ(bob.game.seatNode, (PerTeam<int>{0, 2, 0, 2}));
   EXPECT_EQ(bob.view.captions[1], "Cid");
 

@@ -11,18 +11,6 @@ namespace {
 
 constexpr const char* kUsage = "apply --computer FILE FX FY TX TY";
 
-// The computer plays only listed moves, so the command accepts no other.
-bool IsLegalMove(Game& game, int fromX, int fromY, int toX, int toY) {
-  if (!Board::InBounds(fromX, fromY) || game.board.at(fromX, fromY).team != game.currentTeam)
-    return false;
-  game.moveList.Clear();
-  FindMoves(game, fromX, fromY, false, true);
-  const bool listed = std::any_of(game.moveList.begin(), game.moveList.end(),
-                                  [&](const MoveRec& m) { return m.toX == toX && m.toY == toY; });
-  game.moveList.Clear();
-  return listed;
-}
-
 }  // namespace
 
 int CmdApplyComputer(const Args& args) {
@@ -37,7 +25,7 @@ int CmdApplyComputer(const Args& args) {
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
   game.netRole = kNetNone;
-  if (!IsLegalMove(game, fromX, fromY, toX, toY))
+  if (!IsListedMove(game, fromX, fromY, toX, toY))
     BadInput("varkesh-cli: " + std::string(TeamName(game.currentTeam)) + " has no move from (" +
              std::to_string(fromX) + ", " + std::to_string(fromY) + ") to (" + std::to_string(toX) +
              ", " + std::to_string(toY) + ")");

@@ -63,17 +63,6 @@ std::string Square(int x, int y) {
   return "(" + std::to_string(x) + ", " + std::to_string(y) + ")";
 }
 
-bool ListsMove(const Game& game, int fromX, int fromY, int toX, int toY) {
-  if (!Board::InBounds(fromX, fromY) || game.board.at(fromX, fromY).team != game.currentTeam)
-    return false;
-  // On a copy: listing moves touches the marks and the move list.
-  Game probe = game;
-  probe.moveList.Clear();
-  FindMoves(probe, fromX, fromY, false, true);
-  return std::any_of(probe.moveList.begin(), probe.moveList.end(),
-                     [&](const MoveRec& m) { return m.toX == toX && m.toY == toY; });
-}
-
 bool HumanTurn(const Game& game) {
   return game.gameMode == ModeChoosePiece || game.gameMode == ModeChooseDestination ||
          game.gameMode == ModeConfirmMove;
@@ -179,7 +168,7 @@ void NodeCommands::Move(const std::vector<std::string>& words) {
   if (!SeatIsHere())
     throw Refusal{std::string("this node does not hold the seat of ") +
                   TeamName(game_.currentTeam)};
-  if (!ListsMove(game_, fromX, fromY, toX, toY))
+  if (!IsListedMove(game_, fromX, fromY, toX, toY))
     throw Refusal{std::string(TeamName(game_.currentTeam)) + " has no move from " +
                   Square(fromX, fromY) + " to " + Square(toX, toY)};
   clicks_ = {{fromX, fromY, true}, {toX, toY, true}, {toX, toY, false}};

@@ -1,0 +1,247 @@
+// Peers that misbehave, drift, drop or go silent: the host keeps the game of
+// everyone else whole.
+#include "core/rules.h"
+#include "net/net_fixture.h"
+
+namespace varkesh::testing {
+namespace {
+
+// The first move the rules list for the team to move.
+MoveRec FirstMove(const Game& game) {
+  Game probe = game;
+  FindMoveablePieces(probe, probe.currentTeam, true, false);
+  const BoardSquare piece = probe.moveablePieces[1];
+  probe.moveList.Clear();
+  FindMoves(probe, piece.x, piece.y, false, true);
+  return probe.moveList[1];
+}
+
+std::string Selection(int fromX, int fromY, int toX, int toY) {
+  return net::NumberMessage("GUPM", {fromX, fromY, toX, toY});
+}
+
+int Count(const std::vector<std::string>& messages, const std::string& prefix) {
+  int count = 0;
+  for (const std::string& message : messages) count += message.rfind(prefix, 0) == 0;
+  return count;
+}
+
+int CountText(const std::string& text, const std::string& part) {
+  int count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+    ++count;
+  return count;
+}
+
+class Guard : public NetTable {
+ protected:
+  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
+  // A client speaking the wire by hand, joined under name.
+  std::unique_ptr<RawClient> RawJoin(const std::string& name, bool extended = false) {
+    auto raw = std::make_unique<RawClient>(network.AddEndpoint());
+    network.Pump();
+    if (extended) raw->Send("GXHI}1");
+    raw->Send("GMNI}" + name);
+    network.Pump();
+    return raw;
+  }
+  void Tick(Peer& peer, double seconds) {
+    peer.outside.clock += seconds;
+    peer.link.OnTick();
+    network.Pump();
+  }
+};
+
+TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRepaired) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  auto mallory = RawJoin("Mallory");
+  net::AssignSeat(host->node, kWhite, 1);
+  Settle();
+  const std::string before = host->Text();
+  const MoveRec move = FirstMove(host->game);
+
+  // Mallory holds no seat: a legal move of White's changes nothing anywhere.
+  mallory->received.clear();
+  for (const std::string& message :
+       {Selection(move.fromX, move.fromY, move.toX, move.toY), std::string("GUGS}3"),
+        std::string("GAMV}0") + kSep + "0" + kSep + "0", std::string("GRES}0")})
+    mallory->Send(message);
+  Settle();
+  EXPECT_EQ(host->Text(), before);
+  ExpectSameGames();
+  EXPECT_EQ(host->game.gameMode, ModeChoosePiece);
+  EXPECT_NE(Log().find("the node does not hold the seat of White"), std::string::npos);
+  EXPECT_GE(Count(mallory->Messages(), "GLGF}"), 1) << "the sender gets the game again";
+
+  // Now Mallory holds White, but still only the rules' moves pass.
+  net::AssignSeat(host->node, kWhite, 2);
+  Settle();
+  for (const std::string& message :
+       {Selection(move.fromX, move.fromY, 0, 0), std::string("GUGS}3"),
+        Selection(move.fromX, move.fromY, move.toX, move.toY), std::string("GUGS}9"),
+        std::string("GAMV}3") + kSep + "0" + kSep + "0",
+        std::string("GAMV}1") + kSep + "4" + kSep + "4", std::string("GRES}2"),
+        std::string("GUPM}1") + kSep + "2"})
+    mallory->Send(message);
+  Settle();
+  EXPECT_EQ(host->Text(), before);
+  ExpectSameGames();
+  for (const char* reason :
+       {"the chosen move is not one the rules list", "mode 9 is none a player's clicks reach",
+        "the pawn option is not one the rules offer", "no team receives the pieces",
+        "a square off the board"})
+    EXPECT_NE(Log().find(reason), std::string::npos) << reason;
+
+  // The plain move goes through, to everyone but its sender.
+  mallory->received.clear();
+  mallory->Send(Selection(move.fromX, move.fromY, move.toX, move.toY));
+  mallory->Send("GAMV}0" + kSep + "0" + kSep + "0");
+  Settle();
+  EXPECT_EQ(host->game.currentTeam, kBlue);
+  EXPECT_EQ(bob.game.currentTeam, kBlue);
+  ExpectSameGames();
+  EXPECT_EQ(Count(mallory->Messages(), "GAMV}"), 0);
+}
+
+TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  Peer& cid = Join("Cid");
+  Settle();
+  // A piece vanishes from Bob's board alone.
+  const MoveRec move = FirstMove(host->game);
+  Square& lost = bob.game.board.at(move.fromX, move.fromY);
+  lost.team = kNoTeam;
+  lost.piece = kNoPiece;
+  ASSERT_NE(bob.Text(), host->Text());
+
+  Move(*host, move.fromX, move.fromY, move.toX, move.toY);
+  Settle();
+  Settle();
+  ExpectSameGames();
+  EXPECT_NE(Log().find("The game of node 1 differs from the host's"), std::string::npos);
+  EXPECT_EQ(Log().find("The game of node 2 differs"), std::string::npos);
+  EXPECT_EQ(bob.session.gameEvents, host->session.gameEvents);
+  EXPECT_EQ(cid.session.gameEvents, host->session.gameEvents);
+}
+
+TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheHost) {
+  StartGame();
+  Join("Bob");
+  Peer& cid = Join("Cid");
+  for (int team : {kWhite, kBlue, kRed}) net::AssignSeat(host->node, team, 1);
+  Settle();
+  network.Break(clients[0]->transport, clients[0]->session.nodeConnections[0]);
+  network.Pump();
+  ASSERT_EQ(host->game.seatNode, (PerTeam<int>{0, 0, 0, 0}));
+  net::GiveSeatToComputer(host->node, kRed, kBalanced);
+  host->outside.clock += 100.0;
+
+  Peer& back = Join("Bob");
+  Settle();
+  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{1, 1, 0, 0}));
+  EXPECT_EQ(host->game.playerKinds[3], kBalanced);
+  EXPECT_EQ(back.game.seatNode, host->game.seatNode);
+  EXPECT_EQ(cid.game.seatNode, host->game.seatNode);
+  EXPECT_TRUE(cid.view.Saw("     *** Bob is back and plays White and Blue again."));
+  EXPECT_TRUE(back.Text() == host->Text() && cid.Text() == host->Text());
+
+  // Too late: the seats stay with the host.
+  network.Break(back.transport, back.session.nodeConnections[0]);
+  network.Pump();
+  host->outside.clock += 121.0;
+  Join("Bob");
+  Settle();
+  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{0, 0, 0, 0}));
+}
+
+TEST_F(Guard, OnlyPeersThatSpeakTheKeepAliveAreDroppedForSilence) {
+  Peer& bob = Join("Bob");
+  auto plain = RawJoin("Plain");
+  ASSERT_TRUE(bob.session.peers[0].extended) << "the host answered the hello";
+  ASSERT_TRUE(host->session.peers[1].extended);
+  for (int second = 0; second < 15; ++second) {
+    Tick(*host, 1.0);
+    Tick(bob, 1.0);
+  }
+  EXPECT_TRUE(host->session.nodeInUse[1]) << "Bob's keep-alives kept him";
+  Tick(*host, 60.0);
+  EXPECT_TRUE(host->session.nodeInUse[1]) << "the host's own stall blames no peer";
+  // Bob freezes: the host hears nothing from him any more.
+  for (int second = 0; second < 21; ++second) Tick(*host, 1.0);
+  EXPECT_FALSE(host->session.nodeInUse[1]);
+  EXPECT_TRUE(host->session.nodeInUse[2]) << "a peer without keep-alives is never dropped";
+  EXPECT_NE(Log().find("Node 1 has been silent for 20 seconds"), std::string::npos);
+  EXPECT_NE(plain->connection, 0);
+
+  // A client drops a host that went silent.
+  Peer& cid = Join("Cid");
+  for (int second = 0; second < 21; ++second) Tick(cid, 1.0);
+  EXPECT_EQ(cid.session.nodeConnections[0], 0);
+  EXPECT_TRUE(cid.view.Saw("*** You have been disconnected from the host."));
+}
+
+TEST_F(Guard, AChatFloodIsCutToEightLinesInTenSecondsWithOneNotice) {
+  Peer& bob = Join("Bob");
+  auto talker = RawJoin("Talker");
+  for (int line = 0; line < 20; ++line) talker->Send("GCHT}line " + std::to_string(line));
+  network.Pump();
+  EXPECT_TRUE(bob.view.Saw("Talker: line 7"));
+  EXPECT_FALSE(bob.view.Saw("Talker: line 8"));
+  EXPECT_EQ(Count(talker->Messages(), "GMSG}*** Too many chat lines"), 1);
+
+  host->outside.clock += 10.0;
+  talker->Send("GCHT}later");
+  network.Pump();
+  EXPECT_TRUE(bob.view.Saw("Talker: later"));
+  // The host's own chat has no limit.
+  for (int line = 0; line < 20; ++line) net::SendChat(host->node, "host " + std::to_string(line));
+  network.Pump();
+  EXPECT_TRUE(bob.view.Saw("Ann: host 19"));
+}
+
+TEST_F(Guard, APeerThatDoesNotReadIsLetGoBeforeItsBacklogPassesTheLimit) {
+  Peer& bob = Join("Bob");
+  auto sleeper = RawJoin("Sleeper");
+  network.StopReading(sleeper->transport, sleeper->connection);
+  const std::string big(512 * 1024, 'x');
+  for (int chunk = 0; chunk < 12; ++chunk) {
+    host->link.SendToAll("GMSG}" + big, 0);
+    network.Pump();
+  }
+  EXPECT_LE(host->transport.PendingBytes(host->session.nodeConnections[2]),
+            net::kMaxBacklogBytes + big.size() + 16);
+  Tick(*host, 1.0);
+  EXPECT_FALSE(host->session.nodeInUse[2]);
+  EXPECT_TRUE(host->session.nodeInUse[1]);
+  EXPECT_NE(Log().find("Node 2 does not read what is sent to it"), std::string::npos);
+  EXPECT_NE(bob.session.nodeConnections[0], 0);
+}
+
+TEST_F(Guard, AGameThatCannotBeReadIsLoggedAndChangesNothing) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  Settle();
+  const std::string before = bob.Text();
+  host->link.SendToClient(1, "GLGF}not a game");
+  Settle();
+  EXPECT_EQ(bob.Text(), before);
+  EXPECT_TRUE(bob.outside.messages.empty()) << "no box for the host's fault";
+  EXPECT_NE(Log().find("The game sent by the host cannot be read"), std::string::npos);
+}
+
+TEST_F(Guard, AFloodOfBadMessagesFillsNeitherTheQueueNorTheLog) {
+  StartGame();
+  auto flood = RawJoin("Flood");
+  std::string burst;
+  for (int i = 0; i < 6000; ++i) burst += "GUGS}7" + kEnd;
+  flood->transport.Send(flood->connection, burst);
+  network.Pump();
+  EXPECT_EQ(host->session.gameQueue.size(), net::kMaxQueuedMessages);
+  for (int pass = 0; pass < 300; ++pass) host->Pass();
+  EXPECT_LE(CountText(Log(), "--------------------"), 100);
+}
+
+}  // namespace
+}  // namespace varkesh::testing
