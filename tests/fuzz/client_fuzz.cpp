@@ -1,6 +1,6 @@
 // Fuzzes a client: it has joined a host, and the input is what the host
-// sends, cut into arrivals; the lane bit only chooses between closing the
-// connection in order and breaking it.
+// sends, cut into arrivals. There is one connection, whatever the lane;
+// opening it again is the player connecting anew.
 #include "fuzz/net_fuzz.h"
 
 namespace varkesh::fuzz {
@@ -20,6 +20,35 @@ struct ClientTable {
     net::OpenAsClient(client.node);
     network.Pump();
     Require(client.game.netRole == kNetClient && host.connection != 0, "the client got no answer");
+  }
+
+  void Play(std::string_view input) {
+    for (const Step& step : CutInput(input)) {
+      switch (step.kind) {
+        case StepKind::kBytes:
+          host.transport.Send(host.connection, step.bytes);
+          break;
+        case StepKind::kTick:
+          client.Tick(step.seconds);
+          break;
+        case StepKind::kReopen:
+          if (host.connection != 0) break;
+          net::CloseSession(client.node);
+          client.game.netRole = kNetConnectDialog;
+          net::OpenAsClient(client.node);
+          break;
+        case StepKind::kClose:
+          if (host.connection != 0) host.transport.Close(host.connection);
+          host.connection = 0;
+          break;
+        case StepKind::kBreak:
+          network.Break(host.transport, host.connection);
+          break;
+      }
+      network.Pump();
+      ServeQueue(network, client, step.passes);
+    }
+    ServeQueue(network, client, kMostPasses);
   }
 };
 
@@ -50,9 +79,14 @@ std::vector<std::string> Seeds() {
 
   seeds.push_back(Joined(0).Bytes());
 
+  // The host speaks the extension: counts before its games, keep-alives;
+  // then it goes silent, and the player connects again.
   InputWriter extended;
   extended.Send(0, "GXHI}1").Send(0, "GYNI}1").Send(0, "GXKA}").Send(0, "GXSY}3");
+  extended.Send(0, "GLGF}" + GameUnderWayImage(), 7);
   extended.Send(0, Fields("GCNL", {"3", "Ann", "\xFF", "Cid", "Dee"})).Send(0, "GXSY}4");
+  for (int second = 0; second < 24; second += 3) extended.Tick(3);
+  extended.Reopen(0).Send(0, "GYNI}2").Send(0, "GXHI}1").Tick(6).Tick(3);
   seeds.push_back(extended.Bytes());
 
   InputWriter booted = Joined(5);
@@ -72,18 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace varkesh;
   using namespace varkesh::fuzz;
   ClientTable table;
-  BarePeer& host = table.host;
-  for (const Chunk& chunk : CutInput({reinterpret_cast<const char*>(data), size})) {
-    if (!chunk.close)
-      host.transport.Send(host.connection, chunk.bytes);
-    else if (chunk.broken)
-      table.network.Break(host.transport, host.connection);
-    else
-      host.transport.Close(host.connection);
-    table.network.Pump();
-    ServeQueue(table.network, table.client, chunk.passes);
-  }
-  ServeQueue(table.network, table.client, kMostPasses);
+  table.Play({reinterpret_cast<const char*>(data), size});
 
   // Whatever the host says, the client's tables hold only what it checked.
   const Game& game = table.client.game;

@@ -48,25 +48,34 @@ FuzzNode::FuzzNode(net::FakeTransport& endpoint, int netRole) : transport(endpoi
   session.netPort = kPort;
 }
 
-std::vector<Chunk> CutInput(std::string_view input) {
-  std::vector<Chunk> chunks;
+void FuzzNode::Tick(double seconds) {
+  outside.clock += seconds;
+  link.OnTick();
+}
+
+std::vector<Step> CutInput(std::string_view input) {
+  std::vector<Step> steps;
   std::size_t at = 0;
   while (at < input.size()) {
     const auto control = static_cast<unsigned char>(input[at++]);
-    Chunk chunk;
-    chunk.lane = control & 1;
+    Step step;
+    step.lane = control & 1;
     if (control >= 0xFC) {
-      chunk.close = true;
-      chunk.broken = (control & 2) != 0;
+      step.kind = (control & 2) != 0 ? StepKind::kBreak : StepKind::kClose;
+    } else if (control >= 0xF8) {
+      step.kind = StepKind::kReopen;
+    } else if (control >= 0xF0) {
+      step.kind = StepKind::kTick;
+      step.seconds = kTickSeconds[control & 7];
     } else {
-      chunk.passes = (control >> 4) & 7;
+      step.passes = (control >> 4) & 7;
       const std::size_t size = std::min(kChunkSizes[(control >> 1) & 7], input.size() - at);
-      chunk.bytes = input.substr(at, size);
+      step.bytes = input.substr(at, size);
       at += size;
     }
-    chunks.push_back(chunk);
+    steps.push_back(step);
   }
-  return chunks;
+  return steps;
 }
 
 InputWriter& InputWriter::Send(int lane, std::string_view message, int largest, int passes) {
@@ -81,6 +90,16 @@ InputWriter& InputWriter::Send(int lane, std::string_view message, int largest, 
     bytes_.append(framed, at, kChunkSizes[size]);
     at += kChunkSizes[size];
   }
+  return *this;
+}
+
+InputWriter& InputWriter::Tick(int index) {
+  bytes_ += static_cast<char>(0xF0 | index);
+  return *this;
+}
+
+InputWriter& InputWriter::Reopen(int lane) {
+  bytes_ += static_cast<char>(0xF8 | lane);
   return *this;
 }
 

@@ -48,6 +48,8 @@ struct FuzzNode {
   net::SessionLink link{node};
 
   FuzzNode(net::FakeTransport& endpoint, int netRole);
+  // The transport's tick, seconds after the last one.
+  void Tick(double seconds);
 };
 
 // The other end of a connection: it sends what it is told and drops what
@@ -59,6 +61,8 @@ struct BarePeer final : net::TransportEvents {
   explicit BarePeer(net::FakeTransport& endpoint) : transport(endpoint) {
     transport.SetEvents(this);
   }
+  BarePeer(const BarePeer&) = delete;
+  BarePeer& operator=(const BarePeer&) = delete;
   void OnAccepted(net::ConnectionId id) override { connection = id; }
   void OnConnected(net::ConnectionId id) override { connection = id; }
   void OnData(net::ConnectionId, std::string_view) override {}
@@ -66,18 +70,24 @@ struct BarePeer final : net::TransportEvents {
   void OnError(net::ConnectionId, int, const std::string&) override {}
 };
 
-// An input is a run of chunks, each a control byte and the bytes it
-// carries. Control bytes from 0xFC end a connection instead: bit 0 names
-// it, bit 1 breaks it rather than closing it in order.
-struct Chunk {
-  int lane = 0;    // which connection the bytes come on
-  int passes = 0;  // passes of the game queue after the bytes arrived
-  bool close = false;
-  bool broken = false;
+// An input is a run of steps, each led by a control byte. Below 0xF0 the
+// step brings bytes on a connection: bit 0 names the lane, bits 1-3 the size
+// (kChunkSizes), bits 4-6 the passes of the game queue after them. 0xF0 to
+// 0xF7 move the clock on by kTickSeconds and tick; 0xF8 to 0xFB open a lane
+// again whose connection is gone; 0xFC to 0xFF end the lane's connection,
+// in order or (bit 1) broken.
+enum class StepKind { kBytes, kTick, kReopen, kClose, kBreak };
+struct Step {
+  StepKind kind = StepKind::kBytes;
+  int lane = 0;
+  int passes = 0;
+  double seconds = 0.0;
   std::string_view bytes;
 };
 inline constexpr std::size_t kChunkSizes[] = {1, 2, 3, 7, 16, 64, 512, 4096};
-std::vector<Chunk> CutInput(std::string_view input);
+// The keep-alive, stall, chat, silence and rejoin times lie between them.
+inline constexpr double kTickSeconds[] = {0.25, 1, 2, 3, 5, 10, 21, 121};
+std::vector<Step> CutInput(std::string_view input);
 
 // Writes inputs in that format.
 class InputWriter {
@@ -85,6 +95,9 @@ class InputWriter {
   // The message and its end mark on lane, in chunks of at most
   // kChunkSizes[largest], then passes of the game queue.
   InputWriter& Send(int lane, std::string_view message, int largest = 6, int passes = 1);
+  // kTickSeconds[index] later, a tick.
+  InputWriter& Tick(int index);
+  InputWriter& Reopen(int lane);
   InputWriter& Close(int lane, bool broken);
   const std::string& Bytes() const { return bytes_; }
 
