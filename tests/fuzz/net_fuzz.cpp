@@ -13,7 +13,8 @@ namespace varkesh::fuzz {
 
 namespace {
 
-// An Outside for building seeds: quiet, and with the pack's start position.
+// No logs, no sounds, no computer's thoughts shown; the start position
+// comes straight from the pack folder.
 void Quieten(ScriptedOutside& outside) {
   outside.engine.logsOff = true;
   outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
