@@ -8,6 +8,7 @@
 
 #include "ai/computer.h"
 #include "core/new_game_data.h"
+#include "core/quiet_outside.h"
 #include "engine/general_engine.h"
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
@@ -35,40 +36,18 @@ namespace {
 constexpr const char* kStartPosition = VARKESH_PACK_DIR "/newgamedata.txt";
 
 // Answers every question at once and shows nothing: only the logic is timed.
-class SilentOutside : public Outside {
+class SilentOutside : public QuietOutside {
  public:
   NewGameChoice choice;
 
-  void ShowMessage(const std::string&, const std::string&) override {}
   bool AskYesNo(const std::string&, const std::string&) override { return true; }
   NewGameChoice RunNewGameDialog(const PerTeam<int>&, const std::string&) override {
     return choice;
   }
-  int RunPawnOptionsDialog(const std::vector<std::string>&) override { return -1; }
   int RunConcedeDialog(const std::vector<int>& teams) override {
     return teams.empty() ? 0 : teams.front();
   }
-  std::string LoadFileDialog(const std::string&, const std::string&, const std::string&) override {
-    return "";
-  }
-  std::string SaveFileDialog(const std::string&, const std::string&, const std::string&,
-                             const std::string&) override {
-    return "";
-  }
-  void SetTurnLabel(const std::string&) override {}
-  void SetPieceLabel(const std::string&) override {}
-  void SetGameDescription(const std::string&) override {}
-  void SetMenuEnabled(Menu, bool) override {}
-  bool IsMenuChecked(Menu) const override { return false; }
-  void ShowPauseButton(bool) override {}
-  void PlaySound(const std::string&) override {}
   std::string ExtractEntry(const std::string&) override { return kStartPosition; }
-  void Yield() override {}
-  double Now() override { return 0.0; }
-  GeneralEngine& Engine() override { return engine_; }
-
- private:
-  GeneralEngine engine_;
 };
 
 Game StartPosition() {

@@ -20,12 +20,12 @@
 #include <string>
 #include <vector>
 
-#include "core/rules.h"
 #include "flow/new_game.h"
 #include "net/node.h"
 #include "net/node_table.h"
 #include "net/qt_transport.h"
 #include "net/wire.h"
+#include "support/first_move.h"
 #include "support/scripted_outside.h"
 
 namespace varkesh::net {
@@ -73,16 +73,6 @@ std::vector<std::string> MoveMessages(const MoveRec& move) {
           Framed(NumberMessage("GUGS", {2})),
           Framed(NumberMessage("GUPM", {move.fromX, move.fromY, move.toX, move.toY})),
           Framed(NumberMessage("GUGS", {3})), Framed(NumberMessage("GAMV", {0, 0, 0}))};
-}
-
-// The first move the rules list for the team to move.
-MoveRec FirstMove(const Game& game) {
-  Game probe = game;
-  FindMoveablePieces(probe, probe.currentTeam, true, false);
-  const BoardSquare piece = probe.moveablePieces[1];
-  probe.moveList.Clear();
-  FindMoves(probe, piece.x, piece.y, false, true);
-  return probe.moveList[1];
 }
 
 // A client at the socket level: it answers its node number with a name,
@@ -289,7 +279,7 @@ void BM_MoveThroughHostNode(benchmark::State& state) {
   // Every move is played from the same position.
   const Game start = game;
   TimeMoves(
-      state, FirstMove(start), sender, watchers, [&] { game = start; },
+      state, testing::FirstListedMove(start), sender, watchers, [&] { game = start; },
       [&] { ServeGameQueue(host); }, hostResult);
   if (game.currentTeam == start.currentTeam)
     state.SkipWithError("the host did not play the move on its own game");

@@ -6,9 +6,9 @@
 
 #include "core/pawn_options.h"
 #include "core/play_move.h"
+#include "core/quiet_outside.h"
 #include "core/resign.h"
 #include "core/rules.h"
-#include "net/quiet_outside.h"
 #include "net/wire.h"
 
 namespace varkesh::net {

@@ -49,6 +49,10 @@ void CatchUpNow(NetNode& node, int n) {
   CatchUpClient(node, n);
 }
 
+std::string PeerLabel(const NetNode& node, int n) {
+  return node.game.netRole == kNetHosting ? "Node " + std::to_string(n) : "The host";
+}
+
 void LetSilentPeersGo(NetNode& node, double now) {
   NetSession& session = node.session;
   const bool host = node.game.netRole == kNetHosting;
@@ -60,11 +64,11 @@ void LetSilentPeersGo(NetNode& node, double now) {
     const PeerGuard& peer = session.peers[static_cast<std::size_t>(n)];
     if (peer.overloaded) {
       ReportNetError(node, "SendToClient", 8,
-                     "Node " + std::to_string(n) + " does not read what is sent to it; let go");
+                     PeerLabel(node, n) + " does not read what is sent to it; let go");
       LetGo(node, n);
     } else if (peer.extended && now - peer.lastHeard > kSilenceSeconds) {
       ReportNetError(node, "KeepAlive", 9,
-                     "Node " + std::to_string(n) + " has been silent for " +
+                     PeerLabel(node, n) + " has been silent for " +
                          std::to_string(static_cast<int>(kSilenceSeconds)) + " seconds; let go");
       LetGo(node, n);
     }
@@ -73,10 +77,6 @@ void LetSilentPeersGo(NetNode& node, double now) {
 }
 
 }  // namespace
-
-bool IsExtensionVerb(std::string_view verb) {
-  return verb == kHelloVerb || verb == kKeepAliveVerb || verb == kChecksumVerb || verb == kSyncVerb;
-}
 
 bool SpeaksExtension(const NetSession& session, int peer) {
   return peer >= 0 && static_cast<std::size_t>(peer) < session.peers.size() &&

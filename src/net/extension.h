@@ -28,7 +28,6 @@ inline constexpr double kSilenceSeconds = 20.0;
 // A client is sent its game again at most this often.
 inline constexpr double kCatchUpInterval = 1.0;
 
-bool IsExtensionVerb(std::string_view verb);
 bool SpeaksExtension(const NetSession& session, int peer);
 
 // Client: the hello, sent on learning the node number.

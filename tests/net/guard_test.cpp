@@ -1,20 +1,10 @@
 // Peers that misbehave, drift, drop or go silent: the host keeps the game of
 // everyone else whole.
-#include "core/rules.h"
 #include "net/net_fixture.h"
+#include "support/first_move.h"
 
 namespace varkesh::testing {
 namespace {
-
-// The first move the rules list for the team to move.
-MoveRec FirstMove(const Game& game) {
-  Game probe = game;
-  FindMoveablePieces(probe, probe.currentTeam, true, false);
-  const BoardSquare piece = probe.moveablePieces[1];
-  probe.moveList.Clear();
-  FindMoves(probe, piece.x, piece.y, false, true);
-  return probe.moveList[1];
-}
 
 std::string Selection(int fromX, int fromY, int toX, int toY) {
   return net::NumberMessage("GUPM", {fromX, fromY, toX, toY});
@@ -59,7 +49,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   net::AssignSeat(host->node, kWhite, 1);
   Settle();
   const std::string before = host->Text();
-  const MoveRec move = FirstMove(host->game);
+  const MoveRec move = FirstListedMove(host->game);
 
   // Mallory holds no seat: a legal move of White's changes nothing anywhere.
   mallory->received.clear();
@@ -110,7 +100,7 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   Peer& cid = Join("Cid");
   Settle();
   // A piece vanishes from Bob's board alone.
-  const MoveRec move = FirstMove(host->game);
+  const MoveRec move = FirstListedMove(host->game);
   Square& lost = bob.game.board.at(move.fromX, move.fromY);
   lost.team = kNoTeam;
   lost.piece = kNoPiece;

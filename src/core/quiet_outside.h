@@ -1,13 +1,13 @@
-// An Outside that shows, plays and sends nothing: the host plays a move on
-// a copy of its game with it to see what the move would lead to.
+// An Outside that shows, plays and asks nothing: for playing a move on a
+// copy of a game to see what it leads to, and for timing the logic alone.
 #pragma once
 
 #include "core/outside.h"
 #include "engine/general_engine.h"
 
-namespace varkesh::net {
+namespace varkesh {
 
-class QuietOutside final : public Outside {
+class QuietOutside : public Outside {
  public:
   QuietOutside() { engine_.logsOff = true; }
 
@@ -39,4 +39,4 @@ class QuietOutside final : public Outside {
   GeneralEngine engine_;
 };
 
-}  // namespace varkesh::net
+}  // namespace varkesh
