@@ -1,0 +1,171 @@
+#include "fuzz/net_fuzz.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "core/rules.h"
+#include "flow/accept_move.h"
+#include "flow/new_game.h"
+#include "flow/save_load.h"
+
+namespace varkesh::fuzz {
+
+namespace {
+
+// No logs, no sounds, no computer's thoughts shown; the start position
+// comes straight from the pack folder.
+void Quieten(ScriptedOutside& outside) {
+  outside.engine.logsOff = true;
+  outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
+  outside.SetMenuChecked(Menu::OptionsShowComp, false);
+  outside.SetMenuChecked(Menu::OptionsSfx, false);
+}
+
+std::string Number(int value) {
+  return std::to_string(value);
+}
+
+}  // namespace
+
+const Game& GameUnderWay() {
+  static const Game game = [] {
+    Game started;
+    started.random = Random::Zero();
+    ScriptedOutside outside;
+    Quieten(outside);
+    outside.newGameChoices.push_back({true, kAnarchy, kKingdomLost, {}, "Fuzz"});
+    NewGameCommand(started, outside);
+    Require(started.gameMode == ModeChoosePiece, "the game under way did not start");
+    return started;
+  }();
+  return game;
+}
+
+FuzzNode::FuzzNode(net::FakeTransport& endpoint, int netRole) : transport(endpoint) {
+  Quieten(outside);
+  game.netRole = netRole;
+  game.localPlayerName = "Ann";
+  session.netPort = kPort;
+}
+
+void FuzzNode::Tick(double seconds) {
+  outside.clock += seconds;
+  link.OnTick();
+}
+
+std::vector<Step> CutInput(std::string_view input) {
+  std::vector<Step> steps;
+  std::size_t at = 0;
+  while (at < input.size()) {
+    const auto control = static_cast<unsigned char>(input[at++]);
+    Step step;
+    step.lane = control & 1;
+    if (control >= 0xFC) {
+      step.kind = (control & 2) != 0 ? StepKind::kBreak : StepKind::kClose;
+    } else if (control >= 0xF8) {
+      step.kind = StepKind::kReopen;
+    } else if (control >= 0xF0) {
+      step.kind = StepKind::kTick;
+      step.seconds = kTickSeconds[control & 7];
+    } else {
+      step.passes = (control >> 4) & 7;
+      const std::size_t size = std::min(kChunkSizes[(control >> 1) & 7], input.size() - at);
+      step.bytes = input.substr(at, size);
+      at += size;
+    }
+    steps.push_back(step);
+  }
+  return steps;
+}
+
+InputWriter& InputWriter::Send(int lane, std::string_view message, int largest, int passes) {
+  std::string framed(message);
+  framed += net::kMessageEnd;
+  std::size_t at = 0;
+  while (at < framed.size()) {
+    int size = largest;
+    while (kChunkSizes[size] > framed.size() - at) --size;
+    const bool last = at + kChunkSizes[size] == framed.size();
+    bytes_ += static_cast<char>(lane | size << 1 | (last ? passes : 0) << 4);
+    bytes_.append(framed, at, kChunkSizes[size]);
+    at += kChunkSizes[size];
+  }
+  return *this;
+}
+
+InputWriter& InputWriter::Tick(int index) {
+  bytes_ += static_cast<char>(0xF0 | index);
+  return *this;
+}
+
+InputWriter& InputWriter::Reopen(int lane) {
+  bytes_ += static_cast<char>(0xF8 | lane);
+  return *this;
+}
+
+InputWriter& InputWriter::Close(int lane, bool broken) {
+  bytes_ += static_cast<char>(0xFC | (broken ? 2 : 0) | lane);
+  return *this;
+}
+
+void ServeQueue(net::FakeNetwork& network, FuzzNode& node, int passes) {
+  for (int pass = 0; pass < passes && !node.session.gameQueue.empty(); ++pass) {
+    net::ServeGameQueue(node.node);
+    network.Pump();
+  }
+}
+
+std::vector<TurnMessages> LegalTurns(int turns) {
+  Game game = GameUnderWay();
+  ScriptedOutside outside;
+  Quieten(outside);
+  std::vector<TurnMessages> told;
+  for (int turn = 0; turn < turns && game.gameMode == ModeChoosePiece; ++turn) {
+    game.moveList.Clear();
+    for (int y = 0; y < kBoardSide; ++y)
+      for (int x = 0; x < kBoardSide; ++x)
+        if (game.board.at(x, y).team == game.currentTeam) FindMoves(game, x, y, false, true);
+    if (game.moveList.Empty()) break;
+    // Different pieces on different turns, so that the seeds are not all pawns.
+    const MoveRec move = game.moveList[1 + (turn * 7) % game.moveList.Count()];
+    const std::string from = Number(move.fromX) + kFieldSeparator + Number(move.fromY);
+    const std::string to = Number(move.toX) + kFieldSeparator + Number(move.toY);
+    TurnMessages turnTold{game.currentTeam,
+                          {"GUPM}" + from + kFieldSeparator + "0" + kFieldSeparator + "0", "GUGS}2",
+                           "GUPM}" + from + kFieldSeparator + to, "GUGS}3"}};
+    game.moveFromX = move.fromX;
+    game.moveFromY = move.fromY;
+    game.moveToX = move.toX;
+    game.moveToY = move.toY;
+    AcceptMove(game, outside);
+    turnTold.messages.push_back(game.pendingMoveMessage);
+    told.push_back(turnTold);
+  }
+  return told;
+}
+
+std::string GameUnderWayImage() {
+  Game game = GameUnderWay();
+  ScriptedOutside outside;
+  Quieten(outside);
+  return GameImage(game, outside);
+}
+
+std::string Fields(std::string_view verb, const std::vector<std::string>& fields) {
+  std::string message(verb);
+  message += '}';
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (i > 0) message += kFieldSeparator;
+    message += fields[i];
+  }
+  return message;
+}
+
+void Require(bool condition, const char* what) {
+  if (condition) return;
+  std::fprintf(stderr, "fuzz: %s\n", what);
+  std::abort();
+}
+
+}  // namespace varkesh::fuzz
