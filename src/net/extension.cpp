@@ -130,6 +130,13 @@ void AnnounceSentGame(NetNode& node) {
   RememberChecksum(node);
 }
 
+void NoteSeatChange(NetNode& node) {
+  if (node.game.netRole != kNetHosting) return;
+  auto& recent = node.session.recentChecksums;
+  recent.emplace_back(node.session.gameEvents, GameChecksum(node.game));
+  while (recent.size() > kRecentChecksumCount) recent.pop_front();
+}
+
 void AddSyncFor(NetNode& node, int client) {
   if (SpeaksExtension(node.session, client))
     SendToNode(node, client,
@@ -148,9 +155,8 @@ bool CompareChecksum(NetNode& node, int from, std::string_view payload) {
   if (fields.size() != 2) return false;
   const int count = FieldNumber(fields[0]);
   const int sum = FieldNumber(fields[1]);
-  // A client just caught up after a change of seats has the game as it is now.
-  bool known = count == node.session.gameEvents;
-  bool same = known && sum == GameChecksum(node.game);
+  bool known = false;
+  bool same = false;
   for (const auto& [event, hostSum] : node.session.recentChecksums) {
     if (event != count) continue;
     known = true;

@@ -43,6 +43,9 @@ void NoteLoadEvent(NetNode& node);
 // Host: a game is about to go to every client; those that speak the
 // extension learn first which event it is. The host counts it as loaded.
 void AnnounceSentGame(NetNode& node);
+// Host: the seats changed between two events; a client may count the next
+// event with the seats of before or after, or be caught up with these.
+void NoteSeatChange(NetNode& node);
 // Host: the count to send with a game that catches one client up.
 void AddSyncFor(NetNode& node, int client);
 

@@ -59,9 +59,8 @@ void RestoreSeats(NetNode& node, int n) {
   }
   session.droppedSeats.erase(std::next(drop).base());
   if (restored.empty()) return;
-  UpdatePlayerNames(node);
   // The joiner gets the seats with its catch-up.
-  SendToAllNodes(node, ControlMessage(game), n);
+  TellSeats(node, n);
   const std::string notice =
       "     *** " + name + " is back and plays " + TeamList(restored) + " again.";
   AddMessage(node, notice);

@@ -5,6 +5,7 @@
 #include "core/game.h"
 #include "core/labels.h"
 #include "net/chat.h"
+#include "net/extension.h"
 #include "net/node_table.h"
 #include "net/sending.h"
 
@@ -38,8 +39,7 @@ std::string ComputerCaption(int kind) {
 
 // The seat changed hands: everyone is told who holds what, and by whom.
 void AnnounceSeat(NetNode& node, int team, const std::string& holder) {
-  UpdatePlayerNames(node);
-  SendToAllNodes(node, ControlMessage(node.game), 0);
+  TellSeats(node, 0);
   SendNotice(node, std::string("     *** ") + TeamName(team) + " is now controlled by " + holder);
 }
 
@@ -73,6 +73,12 @@ bool BreakDownNodeControl(NetNode& node, std::string_view payload) {
 
 void UpdatePlayerNames(NetNode& node) {
   node.view.SetSeatCaptions(SeatCaptions(node.game, node.session));
+}
+
+void TellSeats(NetNode& node, int skipNode) {
+  UpdatePlayerNames(node);
+  SendToAllNodes(node, ControlMessage(node.game), skipNode);
+  NoteSeatChange(node);
 }
 
 PerTeam<std::string> SeatCaptions(const Game& game, const NetSession& session) {

@@ -15,5 +15,8 @@ std::string ControlMessage(const Game& game);
 bool BreakDownNodeControl(NetNode& node, std::string_view payload);
 // The four seat captions of the window, anew.
 void UpdatePlayerNames(NetNode& node);
+// Host: the seats changed; the window and every client but skipNode (0
+// skips nobody) are told.
+void TellSeats(NetNode& node, int skipNode);
 
 }  // namespace varkesh::net

@@ -92,7 +92,7 @@ struct NetSession {
   // Host: the checksums of its latest events, oldest first. Seats change
   // at once on every machine while moves wait in queues, so a client may
   // count an event before or after a change of seats the host made just
-  // then: such an event has a checksum with either seats.
+  // then: an event has a checksum with each of the seats it saw.
   std::deque<std::pair<int, int>> recentChecksums;
   PerTeam<int> kindsAtEvent{};
   PerTeam<int> seatsAtEvent{};

@@ -53,8 +53,7 @@ void NodeLeft(NetNode& node, int n) {
     fallen.push_back(team);
   }
   if (!fallen.empty()) {
-    SendToAllNodes(node, ControlMessage(node.game), 0);
-    UpdatePlayerNames(node);
+    TellSeats(node, 0);
     RememberDroppedSeats(node, name, std::move(fallen));
   }
   SendNodeList(node);

@@ -104,6 +104,7 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   // move before the change nor for one who joins after it.
   net::AssignSeat(host->node, kRed, 1);
   Peer& cid = Join("Cid");
+  net::AssignSeat(host->node, kBlack, 1);
   Settle();
   ASSERT_EQ(Log().find("differs"), std::string::npos);
   // A piece vanishes from Bob's board alone.
