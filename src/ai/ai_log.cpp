@@ -4,8 +4,7 @@
 
 namespace varkesh {
 
-AiLog OpenAiLog(Outside& outside) {
-  GeneralEngine& engine = outside.Engine();
+AiLog OpenAiLog(GeneralEngine& engine) {
   if (engine.logLevel <= 2) return {};
   return {&engine, OpenLog(engine, LogFile(engine, "ai.log"), true)};
 }

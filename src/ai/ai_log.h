@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "core/outside.h"
-
 namespace varkesh {
+
+struct GeneralEngine;
 
 struct AiLog {
   GeneralEngine* engine = nullptr;  // null while the log is off
@@ -16,7 +16,7 @@ struct AiLog {
 };
 
 // Opens the log for one turn, appending, when the log level is above 2.
-AiLog OpenAiLog(Outside& outside);
+AiLog OpenAiLog(GeneralEngine& engine);
 void WriteAiLog(const AiLog& log, const std::string& line);
 void CloseAiLog(AiLog& log);
 

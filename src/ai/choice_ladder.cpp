@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "ai/ai_values.h"
-#include "ai/computer.h"
 #include "ai/threats.h"
 #include "core/labels.h"
+#include "engine/general_engine.h"
 
 namespace varkesh {
 namespace {
@@ -28,10 +28,10 @@ std::string TierLine(AiTier tier, int personality) {
   return std::string("               >>Move Chosen (") + TierName(tier) + "): ";
 }
 
-bool StartingPawn(const Game& game, const MoveRec& move) {
-  return game.board.at(move.fromX, move.fromY).piece == kPawn &&
-         game.board.at(move.fromX, move.fromY).terrain == kMoat &&
-         game.board.at(move.toX, move.toY).terrain == kBattlefield;
+bool StartingPawn(const Board& board, const MoveRec& move) {
+  return board.at(move.fromX, move.fromY).piece == kPawn &&
+         board.at(move.fromX, move.fromY).terrain == kMoat &&
+         board.at(move.toX, move.toY).terrain == kBattlefield;
 }
 
 // The middle square of a moat line and the two at distance 2 from it.
@@ -51,22 +51,22 @@ bool KnightHome(int team, int x, int y) {
   return kHomes[t][0] == square || kHomes[t][1] == square;
 }
 
-bool StartingKnight(const Game& game, const MoveRec& move) {
-  const Square& from = game.board.at(move.fromX, move.fromY);
+bool StartingKnight(const Position& position, const MoveRec& move) {
+  const Square& from = position.board.at(move.fromX, move.fromY);
   return from.piece == kKnight && from.terrain == kKeep &&
-         KnightHome(game.currentTeam, move.fromX, move.fromY);
+         KnightHome(position.currentTeam, move.fromX, move.fromY);
 }
 
 // The best full score among the short-listed moves that pass the test; a tie
 // draws a 0 or 1 into the later move's threat score. 0 when none passes.
 template <class Test>
-int BestOfTier(Game& game, const std::vector<int>& shortList, Test passes) {
+int BestOfTier(AiMoveList& moves, Random& random, const std::vector<int>& shortList, Test passes) {
   int best = kNoScore;
   int bestMove = 0;
   for (int index : shortList) {
-    MoveRec& move = game.moveList[index];
+    MoveRec& move = moves[index];
     if (!passes(move)) continue;
-    if (FullScore(move) == best) move.threatScore += TieBreak(game.random);
+    if (FullScore(move) == best) move.threatScore += TieBreak(random);
     if (FullScore(move) > best) {
       best = FullScore(move);
       bestMove = index;
@@ -75,16 +75,18 @@ int BestOfTier(Game& game, const std::vector<int>& shortList, Test passes) {
   return bestMove;
 }
 
-AiChoice Opening(Game& game, const std::vector<int>& shortList, int personality) {
-  const auto startingPawn = [&](const MoveRec& m) { return StartingPawn(game, m); };
+AiChoice Opening(const Position& position, AiMoveList& moves, Random& random,
+                 const std::vector<int>& shortList, int personality) {
+  const auto startingPawn = [&](const MoveRec& m) { return StartingPawn(position.board, m); };
   const auto defensivePawn = [&](const MoveRec& m) {
-    return StartingPawn(game, m) && DefensivePawnSquare(m);
+    return StartingPawn(position.board, m) && DefensivePawnSquare(m);
   };
-  int move = personality == kDefensive ? BestOfTier(game, shortList, defensivePawn)
-                                       : BestOfTier(game, shortList, startingPawn);
+  int move = personality == kDefensive ? BestOfTier(moves, random, shortList, defensivePawn)
+                                       : BestOfTier(moves, random, shortList, startingPawn);
   if (move > 0) return {move, AiTier::StartingPawn};
   if (personality != kAggressive) {
-    move = BestOfTier(game, shortList, [&](const MoveRec& m) { return StartingKnight(game, m); });
+    move = BestOfTier(moves, random, shortList,
+                      [&](const MoveRec& m) { return StartingKnight(position, m); });
     if (move > 0) return {move, AiTier::StartingKnight};
   }
   return {};
@@ -116,70 +118,74 @@ const char* TierName(AiTier tier) {
   return "";
 }
 
-AiChoice ClimbLadder(Game& game, const ScoreSummary& scores, int personality, const AiLog& log) {
+AiChoice ClimbLadder(const Position& position, AiMoveList& moves, Random& random,
+                     const ScoreSummary& scores, int personality, const AiLog& log) {
   // Both ends: a gain worth taking, or a position where every move loses.
   if (std::abs(scores.bestImmediate) > kDecisiveScore)
     return {scores.bestImmediateMove, AiTier::TopMove};
   if (scores.bestFull > kDecisiveScore) return {scores.bestFullMove, AiTier::TopThreat};
 
   std::vector<int> shortList;
-  shortList.reserve(static_cast<std::size_t>(game.moveList.Count()));
-  for (int i = 1; i <= game.moveList.Count(); ++i)
-    if (FullScore(game.moveList[i]) > kShortListFloor) shortList.push_back(i);
+  shortList.reserve(static_cast<std::size_t>(moves.Count()));
+  for (int i = 1; i <= moves.Count(); ++i)
+    if (FullScore(moves[i]) > kShortListFloor) shortList.push_back(i);
   if (log.On())
     WriteAiLog(log, "          + Number on Short List: " + std::to_string(shortList.size()));
   if (shortList.empty()) return {scores.bestImmediateMove, AiTier::BestOfTheWorst};
 
   // The first such move, not the best: a raid beats any score.
   for (int index : shortList) {
-    const MoveRec& move = game.moveList[index];
-    if (game.board.at(move.fromX, move.fromY).piece == kPawn &&
-        game.board.at(move.toX, move.toY).terrain == kKeep)
+    const MoveRec& move = moves[index];
+    if (position.board.at(move.fromX, move.fromY).piece == kPawn &&
+        position.board.at(move.toX, move.toY).terrain == kKeep)
       return {index, AiTier::PawnIntoKeep};
   }
 
   if (scores.pieceCount > kOpeningAbove) {
-    const AiChoice opening = Opening(game, shortList, personality);
+    const AiChoice opening = Opening(position, moves, random, shortList, personality);
     if (opening.index > 0) return opening;
   } else if (scores.pieceCount < kEndgameBelow) {
-    const int move = BestOfTier(game, shortList, [&](const MoveRec& m) {
-      return AdvancesPawn(game, m.fromX, m.fromY, m.toX, m.toY);
+    const int move = BestOfTier(moves, random, shortList, [&](const MoveRec& m) {
+      return AdvancesPawn(position, m.fromX, m.fromY, m.toX, m.toY);
     });
     if (move > 0) return {move, AiTier::AdvancesPawn};
   } else {
-    return {BestOfTier(game, shortList, [](const MoveRec&) { return true; }),
+    return {BestOfTier(moves, random, shortList, [](const MoveRec&) { return true; }),
             AiTier::BestOfWhatsLeft};
   }
-  const int draw = game.random.Below(static_cast<int>(shortList.size()));
+  const int draw = random.Below(static_cast<int>(shortList.size()));
   return {shortList[static_cast<std::size_t>(draw)], AiTier::RandomMove};
 }
 
-int ResolvePersonality(const Game& game, int requested) {
-  const int kind = requested > 0 ? requested : TeamEntry(game.playerKinds, game.currentTeam);
+int ResolvePersonality(const Position& position, const Setup& setup, int requested) {
+  const int kind = requested > 0 ? requested : TeamEntry(setup.playerKinds, position.currentTeam);
   return kind <= kHuman ? kHuman : std::min(kind, kPersonalityCount);
 }
 
-AiChoice ChooseAImove(Game& game, Outside& outside, int personality) {
-  AiLog log = OpenAiLog(outside);
-  if (log.On()) WriteAiLog(log, TurnText(game));
-  personality = ResolvePersonality(game, personality);
+AiChoice ChooseAImove(const Position& position, const Setup& setup, AiMoveList& moves,
+                      Random& random, AiOutside& outside, int personality) {
+  AiLog log = OpenAiLog(outside.Engine());
+  if (log.On()) WriteAiLog(log, TurnText(position, setup));
+  personality = ResolvePersonality(position, setup, personality);
+  moves.Clear();
   if (personality == kHuman) {
     CloseAiLog(log);
     return {};
   }
 
-  BuildAiMoveList(game);
-  if (log.On())
-    WriteAiLog(log, "Number of moves to evaluate: " + std::to_string(game.moveList.Count()));
-  const ScoreSummary scores = ScoreAiMoves(game, outside, personality, log);
-  const AiChoice choice = ClimbLadder(game, scores, personality, log);
+  BuildAiMoveList(position, moves);
+  if (log.On()) WriteAiLog(log, "Number of moves to evaluate: " + std::to_string(moves.Count()));
+  const ScoreSummary scores = ScoreAiMoves(position, moves, random, outside, personality, log);
+  const AiChoice choice = ClimbLadder(position, moves, random, scores, personality, log);
   if (log.On()) WriteAiLog(log, TierLine(choice.tier, personality) + std::to_string(choice.index));
   CloseAiLog(log);
   return choice;
 }
 
-int GetAImove(Game& game, Outside& outside) {
-  return ChooseAImove(game, outside).index;
+Move ChosenMove(const AiMoveList& moves, const AiChoice& choice) {
+  if (choice.index < 1 || choice.index > moves.Count()) return {};
+  const MoveRec& move = moves[choice.index];
+  return Move::Of(move.fromX, move.fromY, move.toX, move.toY, kOptionComputer);
 }
 
 }  // namespace varkesh

@@ -7,7 +7,7 @@
 #include "ai/ai_values.h"
 #include "ai/threats.h"
 #include "core/labels.h"
-#include "core/rules.h"
+#include "core/piece_moves.h"
 
 namespace varkesh {
 namespace {
@@ -21,12 +21,13 @@ std::string ScoredSquareLine(const char* head, int x, int y, int value, const Sq
          PieceOf(square.team, square.piece);
 }
 
-void LogMoveHead(Game& game, Outside& outside, const AiLog& log, int index, const MoveRec& move) {
-  ShowPiece(game, outside, move.fromX, move.fromY, move.toX, move.toY);
+void LogMoveHead(const Position& position, AiOutside& outside, const AiLog& log, int index,
+                 const MoveRec& move) {
+  const std::string piece = PieceText(position, move.fromX, move.fromY, move.toX, move.toY);
+  outside.SetPieceLabel(piece);
   WriteAiLog(log, "     Move #" + TwoDigits(index) + ": (" + std::to_string(move.fromX) + ", " +
-                      std::to_string(move.fromY) + ") " +
-                      PieceText(game, move.fromX, move.fromY, move.toX, move.toY) + " (" +
-                      std::to_string(move.toX) + ", " + std::to_string(move.toY) + ")");
+                      std::to_string(move.fromY) + ") " + piece + " (" + std::to_string(move.toX) +
+                      ", " + std::to_string(move.toY) + ")");
 }
 
 void LogMoveScores(const AiLog& log, int index, const MoveRec& move) {
@@ -35,27 +36,20 @@ void LogMoveScores(const AiLog& log, int index, const MoveRec& move) {
   WriteAiLog(log, head + " Full Score: " + std::to_string(FullScore(move)));
 }
 
-// Copies everything but the marks; returns the live pieces.
-int CopyBoardToScratch(Game& game) {
+int LivePieces(const Board& board) {
   int live = 0;
-  for (std::size_t s = 0; s < game.board.squares.size(); ++s) {
-    const Square& from = game.board.squares[s];
-    Square& to = game.scratchBoard.squares[s];
-    to.team = from.team;
-    to.piece = from.piece;
-    to.terrain = from.terrain;
-    to.realm = from.realm;
-    if (from.piece > 0) ++live;
-  }
+  for (const Square& square : board.squares) live += square.piece > 0;
   return live;
 }
 
-void PlayOnScratch(Game& game, MoveRec& move, int personality, const AiLog& log) {
+// The board right after the move, as the evaluator pictures it: the piece
+// lands, and nothing else happens; a move onto the team's own piece is the
+// castle move and the two change places.
+void PlayOnScratch(Board& scratch, MoveRec& move, int personality, const AiLog& log) {
   if (!Board::InBounds(move.fromX, move.fromY) || !Board::InBounds(move.toX, move.toY)) return;
-  Square& from = game.scratchBoard.at(move.fromX, move.fromY);
-  Square& to = game.scratchBoard.at(move.toX, move.toY);
+  Square& from = scratch.at(move.fromX, move.fromY);
+  Square& to = scratch.at(move.toX, move.toY);
   if (to.team == from.team) {
-    // The castle move onto the team's own piece: the two change places.
     std::swap(from.piece, to.piece);
     return;
   }
@@ -72,15 +66,16 @@ void PlayOnScratch(Game& game, MoveRec& move, int personality, const AiLog& log)
 }
 
 // Every attacked piece counts, whoever attacks it and however often.
-void ScoreAttacks(Game& game, MoveRec& move, int personality, unsigned enemies, const AiLog& log) {
+void ScoreAttacks(const Board& scratch, int gameType, int team, MoveRec& move, int personality,
+                  unsigned enemies, const AiLog& log) {
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
-      const Square& square = game.scratchBoard.at(x, y);
+      const Square& square = scratch.at(x, y);
       if (square.piece < 1) continue;
-      const bool own = square.team == game.currentTeam;
+      const bool own = square.team == team;
       const bool enemy = IsEnemy(enemies, square.team);
       Attacker attacker;
-      if (TestThreat(game, x, y, log.On() ? &attacker : nullptr)) {
+      if (TestThreat(scratch, gameType, x, y, log.On() ? &attacker : nullptr)) {
         if (log.On())
           WriteAiLog(log, "               *** Threat from " + std::string(TeamName(attacker.team)) +
                               " " + PieceName(attacker.piece) + " at " +
@@ -96,7 +91,7 @@ void ScoreAttacks(Game& game, MoveRec& move, int personality, unsigned enemies, 
           if (log.On())
             WriteAiLog(log, ScoredSquareLine("          Threaten at ", x, y, value, square));
         }
-      } else if (enemy && TestMoatlessThreat(game, x, y)) {
+      } else if (enemy && TestMoatlessThreat(scratch, gameType, x, y)) {
         const int value = AiValue(personality, kWeakThreatValue, square.piece);
         move.weakThreatScore += value;
         if (log.On())
@@ -107,7 +102,7 @@ void ScoreAttacks(Game& game, MoveRec& move, int personality, unsigned enemies, 
 }
 
 // The buffer keeps its room from move to move, so the label costs no allocation.
-void ShowProgress(Outside& outside, std::string& text, int done, int total) {
+void ShowProgress(AiOutside& outside, std::string& text, int done, int total) {
   const int percent = (done * 200 + total) / (2 * total);  // rounded to the nearest
   char digits[12];
   char* end = std::to_chars(digits, digits + sizeof digits, percent).ptr;
@@ -124,44 +119,53 @@ int TieBreak(Random& random) {
   return static_cast<int>(random.Next() * 2);
 }
 
-void BuildAiMoveList(Game& game) {
-  game.moveList.Clear();
-  game.computerPieces.Clear();
-  FindMoveablePieces(game, game.currentTeam, false, true);
-  for (int i = 1; i <= game.computerPieces.Count(); ++i) {
-    const BoardSquare piece = game.computerPieces[i];
-    FindMoves(game, piece.x, piece.y, false, true);
+void BuildAiMoveList(const Position& position, AiMoveList& moves) {
+  moves.Clear();
+  for (int y = 0; y < kBoardSide; ++y) {
+    for (int x = 0; x < kBoardSide; ++x) {
+      if (position.board.at(x, y).team != position.currentTeam) continue;
+      FindMoves(position, x, y, [&](int toX, int toY) {
+        MoveRec move;
+        move.fromX = x;
+        move.fromY = y;
+        move.toX = toX;
+        move.toY = toY;
+        moves.Add(move);
+      });
+    }
   }
-  game.computerPieces.Clear();
 }
 
-ScoreSummary ScoreAiMoves(Game& game, Outside& outside, int personality, const AiLog& log) {
+ScoreSummary ScoreAiMoves(const Position& position, AiMoveList& moves, Random& random,
+                          AiOutside& outside, int personality, const AiLog& log) {
   ScoreSummary summary;
-  const unsigned enemies = EnemyTeams(game.gameType, game.currentTeam);
+  summary.pieceCount = LivePieces(position.board);
+  const unsigned enemies = EnemyTeams(position.gameType, position.currentTeam);
   std::string progress;
   progress.reserve(32);
+  Board scratch;
   // The count is read anew each time: the yields let events run in between.
-  for (int i = 1; i <= game.moveList.Count(); ++i) {
-    MoveRec& move = game.moveList[i];
-    if (log.On()) LogMoveHead(game, outside, log, i, move);
-    const int live = CopyBoardToScratch(game);
-    if (i == 1) summary.pieceCount = live;
-    PlayOnScratch(game, move, personality, log);
-    ScoreAttacks(game, move, personality, enemies, log);
+  for (int i = 1; i <= moves.Count(); ++i) {
+    MoveRec& move = moves[i];
+    if (log.On()) LogMoveHead(position, outside, log, i, move);
+    scratch = position.board;
+    PlayOnScratch(scratch, move, personality, log);
+    ScoreAttacks(scratch, position.gameType, position.currentTeam, move, personality, enemies,
+                 log);
 
     // A tie rises by at most 1, so a later equal move wins only on a 1.
-    if (ImmediateScore(move) == summary.bestImmediate) move.captureScore += TieBreak(game.random);
+    if (ImmediateScore(move) == summary.bestImmediate) move.captureScore += TieBreak(random);
     if (ImmediateScore(move) > summary.bestImmediate) {
       summary.bestImmediate = ImmediateScore(move);
       summary.bestImmediateMove = i;
     }
-    if (FullScore(move) == summary.bestFull) move.threatScore += TieBreak(game.random);
+    if (FullScore(move) == summary.bestFull) move.threatScore += TieBreak(random);
     if (FullScore(move) > summary.bestFull) {
       summary.bestFull = FullScore(move);
       summary.bestFullMove = i;
     }
     if (log.On()) LogMoveScores(log, i, move);
-    ShowProgress(outside, progress, i, game.moveList.Count());
+    ShowProgress(outside, progress, i, moves.Count());
   }
   return summary;
 }

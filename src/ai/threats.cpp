@@ -1,7 +1,7 @@
 #include "ai/threats.h"
 
 #include "ai/ai_values.h"
-#include "core/rules.h"
+#include "core/alliances.h"
 
 namespace varkesh {
 namespace {
@@ -30,24 +30,23 @@ bool StrikesFromNextSquare(int piece, bool diagonal, Picture picture) {
 
 // A pawn cannot strike a piece on a moat of that piece's own side, whatever
 // the pawn's own position.
-bool OnOwnSideMoat(const Game& game, const Square& target) {
+bool OnOwnSideMoat(int gameType, const Square& target) {
   return target.terrain == kMoat &&
-         (target.realm == target.team || IsAlly(game.gameType, target.team, target.realm));
+         (target.realm == target.team || IsAlly(gameType, target.team, target.realm));
 }
 
-bool FindAttacker(const Game& game, int x, int y, Picture picture, Attacker* by) {
+bool FindAttacker(const Board& board, int gameType, int x, int y, Picture picture, Attacker* by) {
   if (!Board::InBounds(x, y)) return false;
-  const Board& board = game.scratchBoard;
   const Square& target = board.at(x, y);
   if (target.piece < 1) return false;
   const int team = target.team;
-  const auto opposed = [&](int other) { return IsHostile(game.gameType, team, other); };
+  const auto opposed = [&](int other) { return IsHostile(gameType, team, other); };
   const auto found = [&](int ax, int ay) {
     if (by != nullptr) *by = {ax, ay, board.at(ax, ay).team, board.at(ax, ay).piece};
     return true;
   };
 
-  const bool pawnProof = OnOwnSideMoat(game, target);
+  const bool pawnProof = OnOwnSideMoat(gameType, target);
   for (int dy = -1; dy <= 1; ++dy) {
     for (int dx = -1; dx <= 1; ++dx) {
       const int nx = x + dx, ny = y + dy;
@@ -114,18 +113,18 @@ constexpr int DistanceToKeep(int team, int x, int y) {
 
 }  // namespace
 
-bool TestThreat(const Game& game, int x, int y, Attacker* by) {
-  return FindAttacker(game, x, y, Picture::WithKeepWall, by);
+bool TestThreat(const Board& board, int gameType, int x, int y, Attacker* by) {
+  return FindAttacker(board, gameType, x, y, Picture::WithKeepWall, by);
 }
 
-bool TestMoatlessThreat(const Game& game, int x, int y) {
-  return FindAttacker(game, x, y, Picture::Moatless, nullptr);
+bool TestMoatlessThreat(const Board& board, int gameType, int x, int y) {
+  return FindAttacker(board, gameType, x, y, Picture::Moatless, nullptr);
 }
 
-bool AdvancesPawn(const Game& game, int fromX, int fromY, int toX, int toY) {
-  const unsigned enemies = EnemyTeams(game.gameType, game.currentTeam);
+bool AdvancesPawn(const Position& position, int fromX, int fromY, int toX, int toY) {
+  const unsigned enemies = EnemyTeams(position.gameType, position.currentTeam);
   for (int enemy = kWhite; enemy <= kRed; ++enemy) {
-    if (!IsEnemy(enemies, enemy) || TeamEntry(game.kingdomFallen, enemy)) continue;
+    if (!IsEnemy(enemies, enemy) || TeamEntry(position.kingdomFallen, enemy)) continue;
     if (DistanceToKeep(enemy, toX, toY) < DistanceToKeep(enemy, fromX, fromY)) return true;
   }
   return false;

@@ -1,9 +1,9 @@
-// The computer opponent's own picture of attacks on game.scratchBoard. It is
-// no call of FindMoves: the tests look outward from the target and stop at
+// The computer opponent's own picture of attacks on a board. It is no call
+// of the move rules: the tests look outward from the target and stop at
 // the first attacker, and where they differ from the move rules they stay so.
 #pragma once
 
-#include "core/game.h"
+#include "core/position.h"
 
 namespace varkesh {
 
@@ -17,14 +17,14 @@ struct Attacker {
 
 // True if the live piece on (x, y) stands attacked by a live piece of a team
 // opposed to its own; the attacker found goes to *by when given.
-bool TestThreat(const Game& game, int x, int y, Attacker* by = nullptr);
+bool TestThreat(const Board& board, int gameType, int x, int y, Attacker* by = nullptr);
 
 // The same with the keep wall taken away and without the King as a striker:
 // the weak threat of a slider on an open line into a keep.
-bool TestMoatlessThreat(const Game& game, int x, int y);
+bool TestMoatlessThreat(const Board& board, int gameType, int x, int y);
 
 // True if (toX, toY) lies nearer than (fromX, fromY) to the keep of at least
-// one standing enemy of game.currentTeam. Looks at no board.
-bool AdvancesPawn(const Game& game, int fromX, int fromY, int toX, int toY);
+// one standing enemy of the team on turn. Looks at no board.
+bool AdvancesPawn(const Position& position, int fromX, int fromY, int toX, int toY);
 
 }  // namespace varkesh

@@ -2,22 +2,24 @@
 
 namespace varkesh {
 
-void AddPieceToDungeon(Game& game, int captorTeam, int pieceTeam, int pieceKind) {
+void AddPieceToDungeon(Position& position, int captorTeam, int pieceTeam, int pieceKind) {
   int index = TeamIndex(captorTeam);
   if (index < 0) return;  // no team, no dungeon
-  game.dungeons[static_cast<std::size_t>(index)].prisoners.Add({pieceTeam, pieceKind});
+  position.dungeons[static_cast<std::size_t>(index)].prisoners.Add(
+      {static_cast<std::int8_t>(pieceTeam), static_cast<std::int8_t>(pieceKind)});
 }
 
-void RemovePieceFromDungeon(Game& game, int captorTeam, int pieceTeam, int pieceKind) {
+int RemovePieceFromDungeon(Position& position, int captorTeam, int pieceTeam, int pieceKind) {
   int index = TeamIndex(captorTeam);
-  if (index < 0) return;
-  OneBasedList<DungeonPiece>& prisoners = game.dungeons[static_cast<std::size_t>(index)].prisoners;
+  if (index < 0) return 0;
+  auto& prisoners = position.dungeons[static_cast<std::size_t>(index)].prisoners;
   for (int i = 1; i <= prisoners.Count(); ++i) {
-    if (prisoners[i] == DungeonPiece{pieceTeam, pieceKind}) {
+    if (prisoners[i].team == pieceTeam && prisoners[i].piece == pieceKind) {
       prisoners.RemoveAt(i);
-      return;
+      return i;
     }
   }
+  return 0;
 }
 
 }  // namespace varkesh

@@ -1,12 +1,12 @@
 // Prisoners: captured pieces kept in the captor's dungeon.
 #pragma once
 
-#include "core/game.h"
+#include "core/position.h"
 
 namespace varkesh {
 
-void AddPieceToDungeon(Game& game, int captorTeam, int pieceTeam, int pieceKind);
-// Removes the earliest equal prisoner, if the dungeon holds one.
-void RemovePieceFromDungeon(Game& game, int captorTeam, int pieceTeam, int pieceKind);
+void AddPieceToDungeon(Position& position, int captorTeam, int pieceTeam, int pieceKind);
+// Removes the earliest equal prisoner, if the dungeon holds one; its index, or 0.
+int RemovePieceFromDungeon(Position& position, int captorTeam, int pieceTeam, int pieceKind);
 
 }  // namespace varkesh

@@ -1,6 +1,6 @@
 #include "core/fate.h"
 
-#include "core/rules.h"
+#include "core/alliances.h"
 
 namespace varkesh {
 
@@ -22,27 +22,27 @@ void NeutraliseRealm(Square& square, int team) {
 
 }  // namespace
 
-void SwapTeams(Game& game, int oldTeam, int newTeam) {
+void SwapTeams(Position& position, int oldTeam, int newTeam) {
   // Team 0 marks empty squares; swapping it would fill the board.
   if (TeamIndex(oldTeam) < 0) return;
-  for (Square& square : game.board.squares) {
+  for (Square& square : position.board.squares) {
     if (square.team == oldTeam) square.team = newTeam;
     if (square.realm == oldTeam) square.realm = newTeam;
   }
   // A prisoner changes colour only where the gainer's pawns may raid it.
   for (int holder = kWhite; holder <= kRed; ++holder) {
-    for (DungeonPiece& prisoner : game.dungeons[static_cast<std::size_t>(holder - 1)].prisoners) {
+    for (DungeonPiece& prisoner : position.dungeons[static_cast<std::size_t>(holder - 1)].prisoners) {
       if (prisoner.team == oldTeam && prisoner.piece != kKing &&
-          IsHostile(game.gameType, holder, newTeam)) {
+          IsHostile(position.gameType, holder, newTeam)) {
         prisoner.team = newTeam;
       }
     }
   }
 }
 
-void ClearBoardOfTeam(Game& game, int team) {
+void ClearBoardOfTeam(Position& position, int team) {
   if (TeamIndex(team) < 0) return;
-  for (Square& square : game.board.squares) {
+  for (Square& square : position.board.squares) {
     if (square.team == team) {
       square.team = kNoTeam;
       square.piece = kNoPiece;
@@ -51,25 +51,25 @@ void ClearBoardOfTeam(Game& game, int team) {
   }
 }
 
-void FreezePieces(Game& game, int team) {
+void FreezePieces(Position& position, int team) {
   if (TeamIndex(team) < 0) return;
-  for (Square& square : game.board.squares) {
+  for (Square& square : position.board.squares) {
     // Negating first keeps the team's own pawns, frozen, out of the sweep.
     if (square.team == team && square.piece > 0) square.piece = -square.piece;
     NeutraliseRealm(square, team);
   }
 }
 
-void ApplyFate(Game& game, int fallenTeam, int captorTeam) {
-  switch (game.kingCaptureRule) {
+void ApplyFate(Position& position, int fallenTeam, int captorTeam) {
+  switch (position.kingCaptureRule) {
     case kKingdomGained:
-      SwapTeams(game, fallenTeam, captorTeam);
+      SwapTeams(position, fallenTeam, captorTeam);
       break;
     case kKingdomLost:
-      ClearBoardOfTeam(game, fallenTeam);
+      ClearBoardOfTeam(position, fallenTeam);
       break;
     case kKingdomFrozen:
-      FreezePieces(game, fallenTeam);
+      FreezePieces(position, fallenTeam);
       break;
     default:
       break;
@@ -78,41 +78,40 @@ void ApplyFate(Game& game, int fallenTeam, int captorTeam) {
 
 namespace {
 
-bool Fallen(const Game& game, int team) {
-  return TeamEntry(game.kingdomFallen, team);
+bool Fallen(const Position& position, int team) {
+  return TeamEntry(position.kingdomFallen, team);
 }
 
-bool DeclareWinner(Game& game, int winner, int coWinner) {
-  game.winner = winner;
-  game.coWinner = coWinner;
-  game.gameMode = ModeVictorySetUp;
+bool DeclareWinner(Position& position, int winner, int coWinner) {
+  position.winner = winner;
+  position.coWinner = coWinner;
   return true;
 }
 
 }  // namespace
 
-bool VictoryTest(Game& game) {
-  switch (game.gameType) {
+bool VictoryTest(Position& position) {
+  switch (position.gameType) {
     case kAlliedNeighbors:
-      if (Fallen(game, kWhite) && Fallen(game, kBlue)) return DeclareWinner(game, kBlack, kRed);
-      if (Fallen(game, kBlack) && Fallen(game, kRed)) return DeclareWinner(game, kWhite, kBlue);
+      if (Fallen(position, kWhite) && Fallen(position, kBlue)) return DeclareWinner(position, kBlack, kRed);
+      if (Fallen(position, kBlack) && Fallen(position, kRed)) return DeclareWinner(position, kWhite, kBlue);
       return false;
     case kCrossroadAllies:
-      if (Fallen(game, kWhite) && Fallen(game, kBlack)) return DeclareWinner(game, kBlue, kRed);
-      if (Fallen(game, kBlue) && Fallen(game, kRed)) return DeclareWinner(game, kWhite, kBlack);
+      if (Fallen(position, kWhite) && Fallen(position, kBlack)) return DeclareWinner(position, kBlue, kRed);
+      if (Fallen(position, kBlue) && Fallen(position, kRed)) return DeclareWinner(position, kWhite, kBlack);
       return false;
     case kAnarchy: {
       int fallenCount = 0;
       int standing = kNoTeam;
       for (int team = kWhite; team <= kRed; ++team) {
-        if (Fallen(game, team)) {
+        if (Fallen(position, team)) {
           ++fallenCount;
         } else {
           standing = team;
         }
       }
       if (fallenCount != kTeamCount - 1) return false;
-      return DeclareWinner(game, standing, kNoTeam);
+      return DeclareWinner(position, standing, kNoTeam);
     }
     default:
       return false;

@@ -63,8 +63,8 @@ std::string DescribeSquare(const Square& square, int x, int y) {
   return text + " " + PieceTitle(square.piece, x, y);
 }
 
-bool HoldsPiece(const Game& game, int x, int y) {
-  return Board::InBounds(x, y) && game.board.at(x, y).piece != kNoPiece;
+bool HoldsPiece(const Position& position, int x, int y) {
+  return Board::InBounds(x, y) && position.board.at(x, y).piece != kNoPiece;
 }
 
 }  // namespace
@@ -79,33 +79,24 @@ std::string PieceTitle(int kind, int x, int y) {
   return PieceName(kind);
 }
 
-std::string TurnText(const Game& game) {
-  std::string player = TeamIndex(game.currentTeam) < 0
-                           ? kError
-                           : std::string(TeamName(game.currentTeam)) + " Player";
-  return std::to_string(game.roundNumber) + OrdinalEnding(game.roundNumber) + " Round, " + player +
-         PlayerKindText(TeamEntry(game.playerKinds, game.currentTeam, -1));
+std::string TurnText(const Position& position, const Setup& setup) {
+  const int team = position.currentTeam;
+  std::string player = TeamIndex(team) < 0 ? kError : std::string(TeamName(team)) + " Player";
+  return std::to_string(position.roundNumber) + OrdinalEnding(position.roundNumber) + " Round, " +
+         player + PlayerKindText(TeamEntry(setup.playerKinds, team, -1));
 }
 
-std::string PieceText(const Game& game, int fromX, int fromY, int toX, int toY) {
-  if (!HoldsPiece(game, fromX, fromY)) return "";
-  std::string text = DescribeSquare(game.board.at(fromX, fromY), fromX, fromY);
-  if (HoldsPiece(game, toX, toY))
-    text += " \u00bb\u00bb " + DescribeSquare(game.board.at(toX, toY), toX, toY);
+std::string PieceText(const Position& position, int fromX, int fromY, int toX, int toY) {
+  if (!HoldsPiece(position, fromX, fromY)) return "";
+  std::string text = DescribeSquare(position.board.at(fromX, fromY), fromX, fromY);
+  if (HoldsPiece(position, toX, toY))
+    text += " \u00bb\u00bb " + DescribeSquare(position.board.at(toX, toY), toX, toY);
   return text;
 }
 
-std::string GameDescription(const Game& game) {
-  return game.gameName + " (" + GameTypeName(game.gameType) + "/" + RuleName(game.kingCaptureRule) +
-         ")";
-}
-
-void UpdateCurrentPlayer(const Game& game, Outside& outside) {
-  outside.SetTurnLabel(TurnText(game));
-}
-
-void ShowPiece(const Game& game, Outside& outside, int fromX, int fromY, int toX, int toY) {
-  outside.SetPieceLabel(PieceText(game, fromX, fromY, toX, toY));
+std::string GameDescription(const Position& position, const Setup& setup) {
+  return setup.gameName + " (" + GameTypeName(position.gameType) + "/" +
+         RuleName(position.kingCaptureRule) + ")";
 }
 
 }  // namespace varkesh

@@ -162,10 +162,6 @@ Placement DecodeCode(const std::string& code) {
 
 }  // namespace
 
-bool OnDiamond(int x, int y) {
-  return std::abs(8 - x) + std::abs(8 - y) < 9;
-}
-
 void LayOutTerrain(Board& board) {
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
@@ -192,7 +188,7 @@ void LayOutTerrain(Board& board) {
   }
 }
 
-void LoadNewGameData(Game& game, std::istream& records) {
+Board LoadNewGameData(std::istream& records) {
   Board board;
   FieldReader reader(records);
   while (std::optional<Field> code = reader.Next()) {
@@ -208,13 +204,13 @@ void LoadNewGameData(Game& game, std::istream& records) {
     board.at(x, y).piece = placement.piece;
   }
   LayOutTerrain(board);
-  game.board = board;
+  return board;
 }
 
-void LoadNewGameDataFile(Game& game, const std::string& path) {
+Board LoadNewGameDataFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot open the new game data '" + path + "'");
-  LoadNewGameData(game, file);
+  return LoadNewGameData(file);
 }
 
 }  // namespace varkesh

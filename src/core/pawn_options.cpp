@@ -1,8 +1,8 @@
 #include "core/pawn_options.h"
 
-#include "core/dungeon.h"
+#include "core/alliances.h"
+#include "core/apply_move.h"
 #include "core/labels.h"
-#include "core/rules.h"
 
 namespace varkesh {
 
@@ -12,34 +12,32 @@ bool CanBeTakenByOption(int piece) {
   return piece >= kBishop && piece <= kQueen;
 }
 
-const Dungeon* DungeonOf(const Game& game, int team) {
+const Dungeon* DungeonOf(const Position& position, int team) {
   int index = TeamIndex(team);
-  return index < 0 ? nullptr : &game.dungeons[static_cast<std::size_t>(index)];
+  return index < 0 ? nullptr : &position.dungeons[static_cast<std::size_t>(index)];
 }
 
-void CaptureInKeep(Game& game, Outside& outside, int toX, int toY, int x, int y) {
-  if (!Board::InBounds(x, y)) return;
-  Square& pawn = game.board.at(toX, toY);
-  Square& taken = game.board.at(x, y);
-  AddPieceToDungeon(game, pawn.team, taken.team, taken.piece);
-  taken.team = kNoTeam;
-  taken.piece = kNoPiece;
-  pawn.team = kNoTeam;
-  pawn.piece = kNoPiece;
-  game.pendingMoveMessage = MoveMessage(kMoveCaptureInKeep, x, y);
-  PlaySfx(outside, "sfx_capturequeen");
-}
-
-void FreePrisoner(Game& game, Outside& outside, int toX, int toY, int index) {
-  Square& pawn = game.board.at(toX, toY);
-  const Dungeon* dungeon = DungeonOf(game, pawn.realm);
-  if (!dungeon || index < 1 || index > dungeon->PrisonerCount()) return;
-  DungeonPiece prisoner = dungeon->prisoners[index];
-  pawn.team = prisoner.team;
-  pawn.piece = prisoner.piece;
-  RemovePieceFromDungeon(game, pawn.realm, prisoner.team, prisoner.piece);
-  game.pendingMoveMessage = MoveMessage(kMoveFreePrisoner, index, 0);
-  PlaySfx(outside, "sfx_newgame");
+// Calls take(option) for each option of the pawn on (toX, toY), in the
+// dialog's order: the hostile pieces of the keep down each column, then the
+// pawn's team's own prisoners held by the keep's owner.
+template <class Take>
+void ForEachPawnOption(const Position& position, int toX, int toY, Take&& take) {
+  if (!Board::InBounds(toX, toY)) return;
+  const Square& pawn = position.board.at(toX, toY);
+  const KeepArea keep = KeepAround(toX, toY);
+  for (int x = keep.x0; x <= keep.x1; ++x) {
+    for (int y = keep.y0; y <= keep.y1; ++y) {
+      const Square& square = position.board.at(x, y);
+      if (square.terrain != kKeep || !CanBeTakenByOption(square.piece)) continue;
+      if (IsHostile(position.gameType, pawn.team, square.team)) take(PawnOption{true, x, y});
+    }
+  }
+  if (const Dungeon* dungeon = DungeonOf(position, pawn.realm)) {
+    for (int i = 1; i <= dungeon->PrisonerCount(); ++i) {
+      const DungeonPiece& prisoner = dungeon->prisoners[i];
+      if (prisoner.team == pawn.team && prisoner.piece != kKing) take(PawnOption{false, i, 0});
+    }
+  }
 }
 
 }  // namespace
@@ -52,57 +50,54 @@ KeepArea KeepAround(int x, int y) {
   return {0, -1, 0, -1};
 }
 
-std::string MoveMessage(int kind, int argA, int argB) {
-  return "GAMV}" + std::to_string(kind) + kFieldSeparator + std::to_string(argA) + kFieldSeparator +
-         std::to_string(argB);
-}
-
-bool PawnOptionsDue(const Game& game, int x, int y) {
+bool PawnOptionsDue(const Position& position, int x, int y) {
   if (!Board::InBounds(x, y)) return false;
-  const Square& square = game.board.at(x, y);
+  const Square& square = position.board.at(x, y);
   if (square.terrain != kKeep) return false;
   if (square.piece == kPawn) return true;
   if (square.piece != kCastlePawn) return false;
   // In Anarchy every keep but its own counts; with alliances only a keep of
   // the other side does, so a keep that has just fallen (realm 0) does not.
-  if (game.gameType == kAnarchy) return square.realm != square.team;
-  return square.realm != kNoTeam && IsHostile(game.gameType, square.team, square.realm);
+  if (position.gameType == kAnarchy) return square.realm != square.team;
+  return square.realm != kNoTeam && IsHostile(position.gameType, square.team, square.realm);
 }
 
-std::vector<PawnOption> ListPawnOptions(const Game& game, int toX, int toY) {
+std::vector<PawnOption> ListPawnOptions(const Position& position, int toX, int toY) {
   std::vector<PawnOption> options;
-  if (!Board::InBounds(toX, toY)) return options;
-  const Square& pawn = game.board.at(toX, toY);
-
-  KeepArea keep = KeepAround(toX, toY);
-  for (int x = keep.x0; x <= keep.x1; ++x) {
-    for (int y = keep.y0; y <= keep.y1; ++y) {
-      const Square& square = game.board.at(x, y);
-      if (square.terrain != kKeep || !CanBeTakenByOption(square.piece)) continue;
-      if (!IsHostile(game.gameType, pawn.team, square.team)) continue;
-      options.push_back(
-          {true, x, y,
-           "Capture " + TeamPossessive(square.team) + " " + PieceTitle(square.piece, x, y)});
-    }
-  }
-
-  if (const Dungeon* dungeon = DungeonOf(game, pawn.realm)) {
-    for (int i = 1; i <= dungeon->PrisonerCount(); ++i) {
-      const DungeonPiece& prisoner = dungeon->prisoners[i];
-      if (prisoner.team != pawn.team || prisoner.piece == kKing) continue;
-      options.push_back({false, i, 0, std::string("Free your ") + PieceName(prisoner.piece)});
-    }
-  }
+  ForEachPawnOption(position, toX, toY, [&](const PawnOption& option) { options.push_back(option); });
   return options;
 }
 
-void ApplyPawnOption(Game& game, Outside& outside, int toX, int toY, const PawnOption& option) {
-  if (!Board::InBounds(toX, toY)) return;
-  if (option.onBoard)
-    CaptureInKeep(game, outside, toX, toY, option.argA, option.argB);
-  else
-    FreePrisoner(game, outside, toX, toY, option.argA);
-  game.boardChanged = true;
+int CountPawnOptions(const Position& position, int toX, int toY) {
+  int count = 0;
+  ForEachPawnOption(position, toX, toY, [&](const PawnOption&) { ++count; });
+  return count;
+}
+
+std::string PawnOptionText(const Position& position, int toX, int toY, const PawnOption& option) {
+  if (option.onBoard) {
+    if (!Board::InBounds(option.argA, option.argB)) return {};
+    const Square& square = position.board.at(option.argA, option.argB);
+    return "Capture " + TeamPossessive(square.team) + " " +
+           PieceTitle(square.piece, option.argA, option.argB);
+  }
+  if (!Board::InBounds(toX, toY)) return {};
+  const Dungeon* dungeon = DungeonOf(position, position.board.at(toX, toY).realm);
+  if (!dungeon || option.argA < 1 || option.argA > dungeon->PrisonerCount()) return {};
+  return std::string("Free your ") + PieceName(dungeon->prisoners[option.argA].piece);
+}
+
+MoveOptions PawnOptionsOfMove(const Position& position, int fromX, int fromY, int toX, int toY) {
+  MoveOptions result;
+  if (!Board::InBounds(fromX, fromY) || !Board::InBounds(toX, toY)) return result;
+  result.after = position;
+  result.effects = ApplyMove(result.after, Move::Of(fromX, fromY, toX, toY, kOptionClosed));
+  result.due = result.effects.pawn != PawnOutcome::NotDue;
+  // The closed dialog leaves the pawn where the options are read; with none
+  // to offer it was lost, and the list stays empty.
+  if (result.effects.pawn == PawnOutcome::Stayed)
+    result.options = ListPawnOptions(result.after, toX, toY);
+  return result;
 }
 
 }  // namespace varkesh

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "core/apply_move.h"
+#include "core/position.h"
 
 namespace varkesh {
 
@@ -13,18 +13,7 @@ struct PawnOption {
   bool onBoard = false;  // capture the piece on (argA, argB); else free prisoner argA
   int argA = 0;
   int argB = 0;
-  std::string text;  // "Capture Red's Light Bishop", "Free your Queen", ...
 };
-
-// Kinds of the move message (GAMV): what became of a pawn in a keep. A pawn
-// with no option is lost on every machine, so that kind is told as well.
-inline constexpr int kMovePlain = 0;
-inline constexpr int kMoveCaptureInKeep = 1;  // argA, argB: the square taken
-inline constexpr int kMoveFreePrisoner = 2;   // argA: the prisoner's index
-inline constexpr int kMovePawnLost = 3;
-
-// "GAMV}kind", argA and argB, joined by kFieldSeparator.
-std::string MoveMessage(int kind, int argA, int argB);
 
 // The 3 by 5 rectangle of the keep that (x, y) lies in: its nine keep squares
 // and six off the board. Empty (x1 < x0) for a square in no keep.
@@ -35,10 +24,23 @@ KeepArea KeepAround(int x, int y);
 
 // Whether the piece now on (x, y) earns the options: a Pawn on any keep
 // square, a Castle Pawn on a square of a hostile keep.
-bool PawnOptionsDue(const Game& game, int x, int y);
+bool PawnOptionsDue(const Position& position, int x, int y);
+
 // The options of the pawn on (toX, toY), captures first, in the dialog's order.
-std::vector<PawnOption> ListPawnOptions(const Game& game, int toX, int toY);
-// Carries out the chosen option, sets pendingMoveMessage and plays its sound.
-void ApplyPawnOption(Game& game, Outside& outside, int toX, int toY, const PawnOption& option);
+std::vector<PawnOption> ListPawnOptions(const Position& position, int toX, int toY);
+int CountPawnOptions(const Position& position, int toX, int toY);
+// The line of the dialog for an option: "Capture Red's Light Bishop", "Free your Queen".
+std::string PawnOptionText(const Position& position, int toX, int toY, const PawnOption& option);
+
+// What the options of a move would be: played on a copy of the position,
+// the dialog closed. No options when the move opens none, or opens them with
+// no line to offer.
+struct MoveOptions {
+  bool due = false;
+  std::vector<PawnOption> options;
+  Position after;       // the copy, where the lines are read
+  MoveEffects effects;  // what the move did up to the options
+};
+MoveOptions PawnOptionsOfMove(const Position& position, int fromX, int fromY, int toX, int toY);
 
 }  // namespace varkesh

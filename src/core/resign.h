@@ -3,18 +3,25 @@
 
 #include <vector>
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "core/position.h"
 
 namespace varkesh {
 
-// The standing teams hostile to currentTeam, in the order of their numbers:
-// who may receive the pieces of a team that resigns under Kingdom Gained.
-std::vector<int> ConcedeOffers(const Game& game);
+// The standing teams hostile to the team on turn, in the order of their
+// numbers: who may receive its pieces when it resigns under Kingdom Gained.
+std::vector<int> ConcedeOffers(const Position& position);
 
-// resignToTeam is -1 for this machine's player (the concede dialog or the
-// question decides, and the resignation is sent on); 0 or more for a
-// resignation received from another machine.
-void DoResign(Game& game, Outside& outside, int resignToTeam);
+struct ResignEffects {
+  bool done = false;  // false: nobody may receive the pieces, nothing changed
+  int team = kNoTeam;
+  int concedeTeam = kNoTeam;  // who received the pieces; 0 under the other rules
+  bool gameOver = false;
+};
+
+// The team on turn resigns by the rule in force and the turn passes unless a
+// side has won. Under Kingdom Gained concedeTeam receives its pieces; a team
+// that may not (a damaged message) gives way to the first that may, so every
+// machine agrees. Under the other rules concedeTeam means nothing.
+ResignEffects Resign(Position& position, int concedeTeam);
 
 }  // namespace varkesh

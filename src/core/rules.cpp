@@ -1,87 +1,116 @@
 #include "core/rules.h"
 
-#include <algorithm>
-
+#include "core/apply_move.h"
+#include "core/pawn_options.h"
 #include "core/piece_moves.h"
 
 namespace varkesh {
 
-bool IsAlly(int gameType, int team, int other) {
-  if (TeamIndex(team) < 0 || TeamIndex(other) < 0 || team == other) return false;
-  switch (gameType) {
-    case kAlliedNeighbors:  // White with Blue, Black with Red
-      return (team <= kBlue) == (other <= kBlue);
-    case kCrossroadAllies:  // White with Black, Blue with Red
-      return team % 2 == other % 2;
-    default:
-      return false;
-  }
-}
+namespace {
 
-bool IsHostile(int gameType, int team, int other) {
-  return other != team && !IsAlly(gameType, team, other);
-}
-
-int FindMoves(Game& game, int x, int y, bool markSquares, bool addToMoveList) {
-  if (!Board::InBounds(x, y)) return 0;
-  const Square& source = game.board.at(x, y);
-  if (source.piece < kPawn) return 0;
-
-  MoveSearch search{game, x, y, source, markSquares, addToMoveList};
-  switch (source.piece) {
-    case kPawn:
-      FindPawnMoves(search);
-      break;
-    case kCastlePawn:
-      FindCastlePawnMoves(search);
-      break;
-    case kKnight:
-      FindKnightMoves(search);
-      break;
-    case kKing:
-      FindKingMoves(search);
-      break;
-    case kBishop:
-    case kRook:
-    case kQueen:
-      FindSlidingMoves(search);
-      break;
-    default:  // an unknown kind from a damaged file cannot move
-      break;
-  }
-  return search.count;
-}
-
-bool IsListedMove(const Game& game, int fromX, int fromY, int toX, int toY) {
-  if (!Board::InBounds(fromX, fromY) || game.board.at(fromX, fromY).team != game.currentTeam)
-    return false;
-  // On a copy: listing moves touches the move list.
-  Game probe = game;
-  probe.moveList.Clear();
-  FindMoves(probe, fromX, fromY, false, true);
-  return std::any_of(probe.moveList.begin(), probe.moveList.end(),
-                     [&](const MoveRec& m) { return m.toX == toX && m.toY == toY; });
-}
-
-int FindMoveablePieces(Game& game, int team, bool forStrobe, bool forComputer) {
+// Calls each(from, to), square indexes, once for every move of the team on
+// turn, in the order the rules list them.
+template <class Each>
+void ForEachMove(const Position& position, Each&& each) {
+  if (position.Finished()) return;
+  // The team's pieces first, gathered without a branch a square: which
+  // squares hold them follows no pattern a processor could guess.
+  const int team = position.currentTeam;
+  std::int16_t pieces[kDiamondSquares];
   int count = 0;
-  for (int y = 0; y < kBoardSide; ++y) {
-    for (int x = 0; x < kBoardSide; ++x) {
-      if (game.board.at(x, y).team != team) continue;
-      if (FindMoves(game, x, y, false, false) <= 0) continue;
-      ++count;
-      if (forStrobe) AddToMoveablePieces(game, x, y);
-      game.board.at(x, y).mark = kMarkMoveable;
-      if (forComputer) game.computerPieces.Add({x, y});
-    }
+  for (const int index : kGeometry.diamond) {
+    const Square& square = position.board.squares[static_cast<std::size_t>(index)];
+    pieces[count] = static_cast<std::int16_t>(index);
+    count += (square.team == team) & (square.piece >= kPawn);
   }
+  for (int i = 0; i < count; ++i) {
+    const int from = pieces[i];
+    if (position.board.squares[static_cast<std::size_t>(from)].piece != kKing) {
+      ForEachDestination(position, from, [&each, from](int to) { each(from, to); });
+      continue;
+    }
+    // Only the King's castle corner can come twice: next to it, and as the
+    // castle move. A player picks a square, so it is one move.
+    int seen[kDirections + 1];
+    int seenCount = 0;
+    ForEachDestination(position, from, [&](int to) {
+      for (int k = 0; k < seenCount; ++k)
+        if (seen[k] == to) return;
+      if (seenCount <= kDirections) seen[seenCount++] = to;
+      each(from, to);
+    });
+  }
+}
+
+Move MoveBetween(int from, int to, int option = kOptionNone) {
+  return Move::Of(SquareX(from), SquareY(from), SquareX(to), SquareY(to), option);
+}
+
+// Whether a move of this piece to that square may open the pawn options.
+bool MayOpenPawnOptions(const Position& position, int from, int to) {
+  const int piece = position.board.squares[static_cast<std::size_t>(from)].piece;
+  return (piece == kPawn || piece == kCastlePawn) &&
+         position.board.squares[static_cast<std::size_t>(to)].terrain == kKeep;
+}
+
+std::vector<PawnOption> OptionsOf(const Position& position, int from, int to) {
+  return PawnOptionsOfMove(position, SquareX(from), SquareY(from), SquareX(to), SquareY(to))
+      .options;
+}
+
+}  // namespace
+
+void ListMoves(const Position& position, MoveList& moves) {
+  moves.Clear();
+  ForEachMove(position, [&](int from, int to) { moves.Add(MoveBetween(from, to)); });
+}
+
+// A move that opens the options with N lines gives N + 1 branches (each
+// line, then the dialog closed); one that opens them with none gives one.
+void ListBranches(const Position& position, MoveList& moves) {
+  moves.Clear();
+  ForEachMove(position, [&](int from, int to) {
+    const std::vector<PawnOption> options =
+        MayOpenPawnOptions(position, from, to) ? OptionsOf(position, from, to)
+                                               : std::vector<PawnOption>{};
+    if (options.empty()) return moves.Add(MoveBetween(from, to));
+    for (int line = 0; line < static_cast<int>(options.size()); ++line)
+      moves.Add(MoveBetween(from, to, line));
+    moves.Add(MoveBetween(from, to, kOptionClosed));
+  });
+}
+
+int CountBranches(const Position& position) {
+  int count = 0;
+  ForEachMove(position, [&](int from, int to) {
+    if (!MayOpenPawnOptions(position, from, to)) {
+      ++count;
+      return;
+    }
+    const std::size_t lines = OptionsOf(position, from, to).size();
+    count += lines == 0 ? 1 : static_cast<int>(lines) + 1;
+  });
   return count;
 }
 
-BoardSquare CastleCorner(int team) {
-  static constexpr BoardSquare kCorners[] = {{8, 16}, {0, 8}, {8, 0}, {16, 8}};
-  int index = TeamIndex(team);
-  return index < 0 ? BoardSquare{} : kCorners[index];
+bool IsListedMove(const Position& position, int fromX, int fromY, int toX, int toY) {
+  if (position.Finished() || !Board::InBounds(fromX, fromY) || !Board::InBounds(toX, toY))
+    return false;
+  if (position.board.at(fromX, fromY).team != position.currentTeam) return false;
+  const int target = Board::Index(toX, toY);
+  bool listed = false;
+  ForEachDestination(position, Board::Index(fromX, fromY),
+                     [&](int to) { listed = listed || to == target; });
+  return listed;
+}
+
+bool IsLegal(const Position& position, const Move& move) {
+  if (!IsListedMove(position, move.fromX, move.fromY, move.toX, move.toY)) return false;
+  if (move.option == kOptionComputer) return true;
+  const MoveOptions options = PawnOptionsOfMove(position, move.fromX, move.fromY, move.toX, move.toY);
+  const int lines = static_cast<int>(options.options.size());
+  if (lines == 0) return move.option == kOptionNone;
+  return move.option == kOptionClosed || (move.option >= 0 && move.option < lines);
 }
 
 }  // namespace varkesh

@@ -1,28 +1,33 @@
-// Which moves are legal: the alliances and the frame of move finding.
+// The rules as a checked interface over a position: which moves the team on
+// turn may make, whether a given move is one of them, and (apply_move.h)
+// what playing one does. Everything that moves a piece goes through here.
 #pragma once
 
-#include "core/game.h"
+#include "core/alliances.h"
+#include "core/move.h"
+#include "core/position.h"
 
 namespace varkesh {
 
-// Allies by game type alone; a team is not its own ally, team 0 nobody's.
-bool IsAlly(int gameType, int team, int other);
-// True when other is neither team nor its ally.
-bool IsHostile(int gameType, int team, int other);
+// Every move of the team on turn, each pair of squares once: pieces in scan
+// order (Y outer, X inner), each piece's destinations in the rule book's
+// order. Pawn options are not spelled out: each move has kOptionNone.
+// Nothing when the game has a winner.
+void ListMoves(const Position& position, MoveList& moves);
 
-// Destinations of the live piece on (x, y), in the rule book's order,
-// duplicates kept. markSquares marks each with 2 and adds it to
-// moveablePieces; addToMoveList appends a MoveRec. Returns the count.
-int FindMoves(Game& game, int x, int y, bool markSquares, bool addToMoveList);
+// The same with every pawn option as a move of its own: a move that opens
+// the options with N lines gives N + 1 (each line, then the dialog closed),
+// one that opens them with none gives one (the pawn is lost).
+void ListBranches(const Position& position, MoveList& moves);
 
-// Whether (toX, toY) is a destination FindMoves lists for a piece of
-// currentTeam on (fromX, fromY). The game is left as it is.
-bool IsListedMove(const Game& game, int fromX, int fromY, int toX, int toY);
+// How many moves ListBranches would list, without listing them.
+int CountBranches(const Position& position);
 
-// Pieces of team that have a destination, in scan order; each gets mark 1.
-int FindMoveablePieces(Game& game, int team, bool forStrobe, bool forComputer);
+// Whether the team on turn may move the piece on (fromX, fromY) to (toX, toY).
+bool IsListedMove(const Position& position, int fromX, int fromY, int toX, int toY);
 
-// Corner of the castle move of a team, or (0, 0) for no team.
-BoardSquare CastleCorner(int team);
+// Whether the move, with its pawn option, may be played now: a listed move,
+// and an option the rules offer for it (kOptionComputer always is).
+bool IsLegal(const Position& position, const Move& move);
 
 }  // namespace varkesh

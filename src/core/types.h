@@ -1,5 +1,5 @@
-// The small vocabulary of the game: teams, pieces, terrain and the records
-// that the rules, the computer opponent and the saved game share.
+// The small vocabulary of the game: teams, pieces, terrain and the squares
+// of the board that the rules, the computer opponent and the saved game share.
 #pragma once
 
 #include <array>
@@ -32,11 +32,6 @@ inline constexpr int kBattlefield = 1;
 inline constexpr int kMoat = 2;
 inline constexpr int kKeep = 3;
 
-// Square marks.
-inline constexpr int kUnmarked = 0;
-inline constexpr int kMarkMoveable = 1;
-inline constexpr int kMarkDestination = 2;
-
 // Game types: who is allied with whom.
 inline constexpr int kAlliedNeighbors = 1;
 inline constexpr int kCrossroadAllies = 2;
@@ -53,36 +48,16 @@ inline constexpr int kAggressive = 1;
 inline constexpr int kBalanced = 2;
 inline constexpr int kDefensive = 3;
 
-// States of the main loop.
-enum GameMode : int {
-  ModeNoGame = 0,
-  ModeChoosePiece = 1,
-  ModeChooseDestination = 2,
-  ModeConfirmMove = 3,
-  ModeGameOver = 4,
-  ModeTitle = 5,
-  ModeVictorySetUp = 6,
-  ModeVictory = 7,
-  ModeComputerThinks = 8,
-  ModeComputerMoves = 9,
-};
-
-// NetPlay roles.
-inline constexpr int kNetNone = 0;
-inline constexpr int kNetHostDialog = 1;
-inline constexpr int kNetHosting = 2;
-inline constexpr int kNetConnectDialog = 3;
-inline constexpr int kNetClient = 4;
-
 inline constexpr int kBoardSide = 17;
 inline constexpr int kSquareCount = kBoardSide * kBoardSide;
 
+// One square: small numbers, stored small, so the board of a search stays in
+// the processor's nearest cache.
 struct Square {
-  int team = kNoTeam;
-  int piece = kNoPiece;
-  int mark = kUnmarked;
-  int terrain = kOffBoard;
-  int realm = kNoTeam;
+  std::int8_t team = kNoTeam;
+  std::int8_t piece = kNoPiece;
+  std::int8_t terrain = kOffBoard;
+  std::int8_t realm = kNoTeam;
 
   bool operator==(const Square&) const = default;
 };
@@ -94,12 +69,15 @@ struct Board {
   static constexpr bool InBounds(int x, int y) {
     return x >= 0 && x < kBoardSide && y >= 0 && y < kBoardSide;
   }
-  Square& at(int x, int y) { return squares[static_cast<std::size_t>(y * kBoardSide + x)]; }
-  const Square& at(int x, int y) const {
-    return squares[static_cast<std::size_t>(y * kBoardSide + x)];
-  }
+  static constexpr int Index(int x, int y) { return y * kBoardSide + x; }
+  Square& at(int x, int y) { return squares[static_cast<std::size_t>(Index(x, y))]; }
+  const Square& at(int x, int y) const { return squares[static_cast<std::size_t>(Index(x, y))]; }
   bool operator==(const Board&) const = default;
 };
+
+// A small number for each square, by square index: the marks a saved game
+// keeps beside the board.
+using SquareMarks = std::array<std::int8_t, kSquareCount>;
 
 struct BoardSquare {
   int x = 0;
@@ -107,16 +85,9 @@ struct BoardSquare {
   bool operator==(const BoardSquare&) const = default;
 };
 
-// One candidate move. The rules fill the squares, the computer the scores.
-struct MoveRec {
-  int fromX = 0, fromY = 0, toX = 0, toY = 0;
-  int captureScore = 0, threatScore = 0, weakThreatScore = 0, dangerScore = 0;
-  int spare = 0;
-};
-
 struct DungeonPiece {
-  int team = kNoTeam;
-  int piece = kNoPiece;
+  std::int8_t team = kNoTeam;
+  std::int8_t piece = kNoPiece;
   bool operator==(const DungeonPiece&) const = default;
 };
 
@@ -143,20 +114,50 @@ class OneBasedList {
   std::vector<T> items_ = std::vector<T>(1);
 };
 
-// Prisoners held by one captor, in the order of capture.
-struct Dungeon {
-  OneBasedList<DungeonPiece> prisoners;
-  int PrisonerCount() const { return prisoners.Count(); }
-  bool operator==(const Dungeon&) const = default;
-};
+// The same counted from 1, in place and of fixed capacity, so that a value
+// holding it copies without touching the heap. Adding to a full list does
+// nothing and says so.
+template <class T, int Capacity>
+class FixedOneBasedList {
+ public:
+  int Count() const { return count_; }
+  bool Empty() const { return count_ == 0; }
+  bool Full() const { return count_ == Capacity; }
+  T& operator[](int i) { return items_[static_cast<std::size_t>(i)]; }
+  const T& operator[](int i) const { return items_[static_cast<std::size_t>(i)]; }
+  bool Add(const T& item) {
+    if (Full()) return false;
+    items_[static_cast<std::size_t>(++count_)] = item;
+    return true;
+  }
+  void InsertAt(int i, const T& item) {
+    if (Full() || i < 1 || i > count_ + 1) return;
+    for (int k = ++count_; k > i; --k) items_[static_cast<std::size_t>(k)] = items_[k - 1u];
+    items_[static_cast<std::size_t>(i)] = item;
+  }
+  void RemoveAt(int i) {
+    if (i < 1 || i > count_) return;
+    for (int k = i; k < count_; ++k) items_[static_cast<std::size_t>(k)] = items_[k + 1u];
+    --count_;
+  }
+  void Clear() { count_ = 0; }
+  void Truncate(int count) {
+    if (count >= 0 && count < count_) count_ = count;
+  }
+  const T* begin() const { return items_.data() + 1; }
+  const T* end() const { return items_.data() + 1 + count_; }
+  T* begin() { return items_.data() + 1; }
+  T* end() { return items_.data() + 1 + count_; }
+  bool operator==(const FixedOneBasedList& other) const {
+    if (count_ != other.count_) return false;
+    for (int i = 1; i <= count_; ++i)
+      if (!((*this)[i] == other[i])) return false;
+    return true;
+  }
 
-// One of the last three moves; an entry with fromX and fromY both 0 is empty.
-struct HistoryMove {
-  int fromX = 0, fromY = 0, toX = 0, toY = 0;
-  int team = kNoTeam;
-  bool wasCapture = false;
-  bool Empty() const { return fromX == 0 && fromY == 0; }
-  bool operator==(const HistoryMove&) const = default;
+ private:
+  std::array<T, static_cast<std::size_t>(Capacity) + 1> items_{};
+  int count_ = 0;
 };
 
 template <class T>
@@ -165,6 +166,13 @@ using PerTeam = std::array<T, kTeamCount>;
 // Index into a per-team array, or -1 for a value that names no team.
 constexpr int TeamIndex(int team) {
   return team >= 1 && team <= kTeamCount ? team - 1 : -1;
+}
+
+// Per-team entries read safely: a value that names no team reads as the default.
+template <class T>
+T TeamEntry(const PerTeam<T>& values, int team, T fallback = T{}) {
+  int i = TeamIndex(team);
+  return i < 0 ? fallback : values[static_cast<std::size_t>(i)];
 }
 
 }  // namespace varkesh

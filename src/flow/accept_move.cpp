@@ -1,84 +1,139 @@
 #include "flow/accept_move.h"
 
+#include <string>
+#include <vector>
+
 #include "core/pawn_options.h"
-#include "core/play_move.h"
-#include "core/turn.h"
 #include "flow/error_handler.h"
+#include "flow/turn.h"
 
 namespace varkesh {
 
 namespace {
 
-void LosePawn(Game& game) {
-  Square& pawn = game.board.at(game.moveToX, game.moveToY);
-  pawn.team = kNoTeam;
-  pawn.piece = kNoPiece;
+// Who sees the box when lack of material takes a team's King.
+enum class MaterialNotice {
+  HumanOrNetwork,  // a human victim, or any victim in a network game
+  HumanOnly,       // a human victim only
+};
+
+Move SelectedMove(const Game& game, int option) {
+  const TurnState& turn = game.turn;
+  return Move::Of(turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY, option);
 }
 
-void OfferPawnOptions(Game& game, Outside& outside) {
-  if (!PawnOptionsDue(game, game.moveToX, game.moveToY)) return;
-  std::vector<PawnOption> options = ListPawnOptions(game, game.moveToX, game.moveToY);
-  if (options.empty()) {
-    LosePawn(game);
-    game.pendingMoveMessage = MoveMessage(kMovePawnLost, 0, 0);
+const char* OutcomeSound(MoveOutcome outcome) {
+  switch (outcome) {
+    case MoveOutcome::KingTaken:
+      return "sfx_captureking";
+    case MoveOutcome::PawnTaken:
+      return "sfx_capture";
+    case MoveOutcome::PieceTaken:
+      return "sfx_capturequeen";
+    default:
+      return "sfx_click";
+  }
+}
+
+// The box of a King removed for lack of material comes between the sound of
+// the capture and the sound of the fall.
+void TellMaterialLoss(const Game& game, Outside& outside, const MoveEffects& effects,
+                      MaterialNotice notice) {
+  const int loser = effects.materialLoser;
+  if (loser == kNoTeam) return;
+  const bool human = TeamEntry(game.match.setup.playerKinds, loser) == kHuman;
+  if (human || (notice == MaterialNotice::HumanOrNetwork && game.net.netRole != kNetNone))
+    outside.ShowMessage("Lack of Material", std::string(TeamName(loser)) +
+                                                " King is removed from the game due to lack of "
+                                                "materials.");
+  PlaySfx(outside, "sfx_captureking");
+}
+
+// The game is won, or the turn goes on. After a player's move the resign
+// menu locks at the end and a click made meanwhile is dropped; after the
+// computer's the main loop sees to both.
+void FinishMove(Game& game, Outside& outside, const MoveEffects& effects, bool playersMove) {
+  game.view.boardChanged = true;
+  if (effects.gameOver) {
+    game.turn.gameMode = ModeVictorySetUp;
+    if (playersMove) outside.SetMenuEnabled(Menu::Resign, false);
     return;
   }
+  if (playersMove) game.view.clickPending = false;
+  BeginNextTurn(game, outside);
+}
+
+void EventDone(const Game& game, Outside& outside) {
+  if (NetLink* link = outside.Link()) link->OnGameEvent(game);
+}
+
+// The options dialog, when the move opens it with lines to choose from: the
+// sounds of the move come first, as the player sees it land.
+int AskPawnOption(const Game& game, Outside& outside, MoveEffects& heard) {
+  const TurnState& turn = game.turn;
+  const Position& position = game.match.position;
+  const MoveOptions options =
+      PawnOptionsOfMove(position, turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY);
+  if (options.options.empty()) return kOptionNone;
+  heard = options.effects;
+  PlayMoveSounds(outside, heard);
+  TellMaterialLoss(game, outside, heard, MaterialNotice::HumanOrNetwork);
   std::vector<std::string> lines;
-  for (const PawnOption& option : options) lines.push_back(option.text);
-  int pick = outside.RunPawnOptionsDialog(lines);
-  if (pick >= 0 && pick < static_cast<int>(options.size()))
-    ApplyPawnOption(game, outside, game.moveToX, game.moveToY,
-                    options[static_cast<std::size_t>(pick)]);
-}
-
-void RepeatPawnOption(Game& game, Outside& outside) {
-  if (game.netMoveKind == kMovePawnLost) {
-    LosePawn(game);
-  } else if (game.netMoveKind == kMoveCaptureInKeep || game.netMoveKind == kMoveFreePrisoner) {
-    PawnOption option{game.netMoveKind == kMoveCaptureInKeep, game.netMoveArg1, game.netMoveArg2,
-                      ""};
-    ApplyPawnOption(game, outside, game.moveToX, game.moveToY, option);
-  }
-}
-
-void SendMove(const Game& game, Outside& outside) {
-  if (game.netRole == kNetHosting) outside.SendToAll(game.pendingMoveMessage, 0);
-  if (game.netRole == kNetClient) outside.SendToClient(0, game.pendingMoveMessage);
-}
-
-// Ends the game or hands the turn on; a click made meanwhile is dropped.
-void FinishMove(Game& game, Outside& outside) {
-  if (game.gameMode == ModeVictorySetUp) {
-    outside.SetMenuEnabled(Menu::Resign, false);
-    return;
-  }
-  game.clickPending = false;
-  PassTurn(game, outside);
+  for (const PawnOption& option : options.options)
+    lines.push_back(PawnOptionText(options.after, turn.moveToX, turn.moveToY, option));
+  const int pick = outside.RunPawnOptionsDialog(lines);
+  return pick >= 0 && pick < static_cast<int>(lines.size()) ? pick : kOptionClosed;
 }
 
 }  // namespace
 
-void AcceptMove(Game& game, Outside& outside) {
-  Guarded(outside, "frmMain", "AcceptMove", [&] {
-    game.pendingMoveMessage = MoveMessage(kMovePlain, 0, 0);
-    game.gameSaved = false;
-    game.boardChanged = true;
-    PlayMoveOnBoard(game, outside, MaterialNotice::HumanOrNetwork);
-    OfferPawnOptions(game, outside);
-    SendMove(game, outside);
-    FinishMove(game, outside);
-  });
-  outside.GameEventDone();
+void PlayMoveSounds(Outside& outside, const MoveEffects& effects) {
+  PlaySfx(outside, OutcomeSound(effects.outcome));
 }
 
-void NetAcceptMove(Game& game, Outside& outside) {
-  Guarded(outside, "frmMain", "NetAcceptMove", [&] {
-    game.boardChanged = true;
-    PlayMoveOnBoard(game, outside, MaterialNotice::HumanOrNetwork);
-    RepeatPawnOption(game, outside);
-    FinishMove(game, outside);
+void PlayPawnOptionSound(Outside& outside, const MoveEffects& effects) {
+  if (effects.pawn == PawnOutcome::CapturedInKeep) PlaySfx(outside, "sfx_capturequeen");
+  if (effects.pawn == PawnOutcome::Freed) PlaySfx(outside, "sfx_newgame");
+}
+
+void AcceptMove(Game& game, Outside& outside) {
+  Guarded(outside, "frmMain", "AcceptMove", [&] {
+    game.turn.gameSaved = false;
+    game.view.boardChanged = true;
+    MoveEffects heard;
+    const int option = AskPawnOption(game, outside, heard);
+    const MoveEffects effects = PlayMove(game.match, SelectedMove(game, option));
+    if (!heard.played) {
+      PlayMoveSounds(outside, effects);
+      TellMaterialLoss(game, outside, effects, MaterialNotice::HumanOrNetwork);
+    }
+    PlayPawnOptionSound(outside, effects);
+    if (NetLink* link = outside.Link()) link->TellMove(game, effects);
+    FinishMove(game, outside, effects, true);
   });
-  outside.GameEventDone();
+  EventDone(game, outside);
+}
+
+void NetAcceptMove(Game& game, Outside& outside, int option) {
+  Guarded(outside, "frmMain", "NetAcceptMove", [&] {
+    game.view.boardChanged = true;
+    const MoveEffects effects = PlayMove(game.match, SelectedMove(game, option));
+    PlayMoveSounds(outside, effects);
+    TellMaterialLoss(game, outside, effects, MaterialNotice::HumanOrNetwork);
+    PlayPawnOptionSound(outside, effects);
+    FinishMove(game, outside, effects, true);
+  });
+  EventDone(game, outside);
+}
+
+void CarryOutAImove(Game& game, Outside& outside) {
+  game.turn.gameSaved = false;
+  game.view.boardChanged = true;
+  const MoveEffects effects = PlayMove(game.match, SelectedMove(game, kOptionComputer));
+  PlayMoveSounds(outside, effects);
+  TellMaterialLoss(game, outside, effects, MaterialNotice::HumanOnly);
+  PlayPawnOptionSound(outside, effects);
+  FinishMove(game, outside, effects, false);
 }
 
 }  // namespace varkesh

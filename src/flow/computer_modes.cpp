@@ -1,9 +1,12 @@
-#include "ai/computer.h"
-#include "core/labels.h"
+#include "ai/choice_ladder.h"
+#include "core/apply_move.h"
 #include "core/resign.h"
-#include "core/turn.h"
+#include "flow/accept_move.h"
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
+#include "flow/resign.h"
+#include "flow/thinking_outside.h"
+#include "flow/turn.h"
 
 namespace varkesh {
 
@@ -13,7 +16,7 @@ constexpr double kPreviewWait = 0.4;
 constexpr Menu kMenusLockedWhileThinking[] = {Menu::Game, Menu::Options, Menu::Resign, Menu::Help};
 
 bool ChoosesComputerMoves(const Game& game) {
-  return game.netRole == kNetNone || game.myNodeId == 0;
+  return game.net.netRole == kNetNone || game.net.myNodeId == 0;
 }
 
 void WaitFor(Outside& outside, double seconds) {
@@ -23,7 +26,7 @@ void WaitFor(Outside& outside, double seconds) {
 
 void UnlockMenus(const Game& game, Outside& outside) {
   for (Menu menu : kMenusLockedWhileThinking) {
-    bool enabled = menu != Menu::Resign || game.gameMode != ModeVictorySetUp;
+    bool enabled = menu != Menu::Resign || game.turn.gameMode != ModeVictorySetUp;
     outside.SetMenuEnabled(menu, enabled);
   }
 }
@@ -31,52 +34,55 @@ void UnlockMenus(const Game& game, Outside& outside) {
 // A computer seat without a legal move gives up by the rule in force, so the
 // game always goes on. A host tells its clients as a player's machine would.
 void ResignForComputer(Game& game, Outside& outside) {
-  std::vector<int> offers = ConcedeOffers(game);
-  int concedeTeam =
-      game.kingCaptureRule == kKingdomGained && !offers.empty() ? offers.front() : kNoTeam;
+  const Position& position = game.match.position;
+  const std::vector<int> offers = ConcedeOffers(position);
+  const int concedeTeam =
+      position.kingCaptureRule == kKingdomGained && !offers.empty() ? offers.front() : kNoTeam;
   Guarded(outside, "frmMain", "DoResign", [&] { DoResign(game, outside, concedeTeam); });
-  if (game.netRole == kNetHosting) outside.SendToAll("GRES}" + std::to_string(concedeTeam), 0);
+  if (NetLink* link = outside.Link()) link->TellResignation(game, concedeTeam);
   UnlockMenus(game, outside);
 }
 
 void PreviewMove(Game& game, Outside& outside, GameView& view) {
   for (int round = 0; round < 2; ++round) {
-    game.boardChanged = true;
+    game.view.boardChanged = true;
     DrawBlock(game, view);
-    view.DrawMove(game, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY, true);
+    view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY, true);
     ShowBlock(game, view);
     WaitFor(outside, kPreviewWait);
-    game.boardChanged = true;
+    game.view.boardChanged = true;
     DrawBlock(game, view);
     ShowBlock(game, view);
     WaitFor(outside, kPreviewWait);
-    game.boardChanged = true;
+    game.view.boardChanged = true;
   }
 }
 
 }  // namespace
 
 void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
-  game.clickPending = false;
+  game.view.clickPending = false;
   DrawBlock(game, view);
   ShowBlock(game, view);
   if (!ChoosesComputerMoves(game)) return;
 
   for (Menu menu : kMenusLockedWhileThinking) outside.SetMenuEnabled(menu, false);
-  int chosen = 0;
-  Guarded(outside, "modVarkesh", "GetAImove", [&] { chosen = GetAImove(game, outside); });
-  // The weighing marked this team's pieces on this machine alone; the other
-  // machines of a session must hold the same board.
-  ClearMarks(game);
-  if (chosen < 1 || chosen > game.moveList.Count()) return ResignForComputer(game, outside);
+  AiMoveList moves;
+  AiChoice choice;
+  ThinkingOutside thinking(outside);
+  Guarded(outside, "modVarkesh", "GetAImove", [&] {
+    choice = ChooseAImove(game.match.position, game.match.setup, moves, game.random, thinking);
+  });
+  if (choice.index < 1 || choice.index > moves.Count()) return ResignForComputer(game, outside);
 
-  const MoveRec& move = game.moveList[chosen];
-  game.moveFromX = move.fromX;
-  game.moveFromY = move.fromY;
-  game.moveToX = move.toX;
-  game.moveToY = move.toY;
-  ShowPiece(game, outside, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY);
-  game.gameMode = ModeComputerMoves;
+  const Move move = ChosenMove(moves, choice);
+  TurnState& turn = game.turn;
+  turn.moveFromX = move.fromX;
+  turn.moveFromY = move.fromY;
+  turn.moveToX = move.toX;
+  turn.moveToY = move.toY;
+  ShowPiece(game, outside, turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY);
+  game.turn.gameMode = ModeComputerMoves;
   Mirror(game, outside);
 }
 
@@ -84,11 +90,14 @@ void StepComputerMoves(Game& game, Outside& outside, GameView& view) {
   if (outside.IsMenuChecked(Menu::OptionsShowComp)) PreviewMove(game, outside, view);
   Guarded(outside, "modVarkesh", "CarryOutAImove", [&] { CarryOutAImove(game, outside); });
   // A move that failed half-way must not be tried again on every pass.
-  if (game.gameMode == ModeComputerMoves) PassTurn(game, outside);
+  if (game.turn.gameMode == ModeComputerMoves) {
+    PassTurn(game.match.position);
+    BeginNextTurn(game, outside);
+  }
   if (ChoosesComputerMoves(game)) UnlockMenus(game, outside);
-  game.clickPending = false;
-  game.boardChanged = true;
-  outside.GameEventDone();
+  game.view.clickPending = false;
+  game.view.boardChanged = true;
+  if (NetLink* link = outside.Link()) link->OnGameEvent(game);
 }
 
 }  // namespace varkesh

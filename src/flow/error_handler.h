@@ -5,7 +5,7 @@
 #include <exception>
 #include <string>
 
-#include "core/outside.h"
+#include "flow/outside.h"
 #include "engine/general_engine.h"
 
 namespace varkesh {

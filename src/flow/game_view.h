@@ -2,7 +2,7 @@
 // program draws through the graphics engine; headless runs draw nothing.
 #pragma once
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh {
 
@@ -12,12 +12,12 @@ class GameView {
  public:
   virtual ~GameView() = default;
 
-  // The board with its pieces and names; only when game.boardChanged.
+  // The board with its pieces and names; only when game.view.boardChanged.
   virtual void DrawBoardWithPieces(Game&) {}
   virtual void ShowHistory(Game&) {}
-  // The prisoners in the corners; only when game.boardChanged.
+  // The prisoners in the corners; only when game.view.boardChanged.
   virtual void DrawDungeons(Game&) {}
-  // The strobe over game.moveablePieces.
+  // The strobe over game.view.moveablePieces.
   virtual void DrawSquares(Game&) {}
   virtual void DrawSelection(Game&, int /*x*/, int /*y*/, bool /*preview*/) {}
   virtual void DrawMove(Game&, int /*fromX*/, int /*fromY*/, int /*toX*/, int /*toY*/,

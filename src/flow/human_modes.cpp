@@ -1,64 +1,64 @@
-#include "core/labels.h"
-#include "core/rules.h"
 #include "flow/accept_move.h"
 #include "flow/mode_steps.h"
+#include "flow/turn.h"
 
 namespace varkesh {
 
 namespace {
 
 bool SeatIsLocal(const Game& game) {
-  return game.netRole == kNetNone ||
-         TeamEntry(game.seatNode, game.currentTeam, -1) == game.myNodeId;
+  return game.net.netRole == kNetNone ||
+         TeamEntry(game.net.seatNode, game.match.position.currentTeam, -1) == game.net.myNodeId;
 }
 
 // Clicks of another machine's seat are not ours to act on, and a click off
 // the board is nobody's.
 bool TakeTurnOnThisMachine(Game& game, Outside& outside) {
   bool local = SeatIsLocal(game);
-  if (!local || !Board::InBounds(game.clickX, game.clickY)) game.clickPending = false;
+  if (!local || !Board::InBounds(game.view.clickX, game.view.clickY)) game.view.clickPending = false;
   outside.SetMenuEnabled(Menu::Resign, local);
   return local;
 }
 
 bool TakeLeftClick(Game& game) {
-  if (!game.clickPending || !game.clickLeft) return false;
-  game.clickPending = false;
+  if (!game.view.clickPending || !game.view.clickLeft) return false;
+  game.view.clickPending = false;
   return true;
 }
 
 int ClickedMark(const Game& game) {
-  return game.board.at(game.clickX, game.clickY).mark;
+  return game.view.MarkAt(game.view.clickX, game.view.clickY);
 }
 
-void MarkDestinations(Game& game, Outside& outside) {
-  Relist(game, false);
-  FindMoves(game, game.moveFromX, game.moveFromY, true, false);
-  game.turnClock = outside.Now();
+void ShowChoice(Game& game, Outside& outside) {
+  game.view.boardChanged = true;
+  MarkMoveablePieces(game, false);
+  MarkDestinations(game, game.turn.moveFromX, game.turn.moveFromY);
+  game.turn.turnClock = outside.Now();
   Mirror(game, outside);
 }
 
 void ChoosePiece(Game& game, Outside& outside) {
-  game.moveFromX = game.clickX;
-  game.moveFromY = game.clickY;
-  ShowPiece(game, outside, game.moveFromX, game.moveFromY, 0, 0);
-  game.gameMode = ModeChooseDestination;
-  MarkDestinations(game, outside);
+  game.turn.moveFromX = game.view.clickX;
+  game.turn.moveFromY = game.view.clickY;
+  ShowPiece(game, outside, game.turn.moveFromX, game.turn.moveFromY, 0, 0);
+  game.turn.gameMode = ModeChooseDestination;
+  ShowChoice(game, outside);
 }
 
 void ChooseDestination(Game& game, Outside& outside) {
-  game.moveToX = game.clickX;
-  game.moveToY = game.clickY;
-  ShowPiece(game, outside, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY);
-  game.gameMode = ModeConfirmMove;
-  MarkDestinations(game, outside);
+  game.turn.moveToX = game.view.clickX;
+  game.turn.moveToY = game.view.clickY;
+  ShowPiece(game, outside, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY);
+  game.turn.gameMode = ModeConfirmMove;
+  ShowChoice(game, outside);
 }
 
 void CancelSelection(Game& game, Outside& outside) {
-  game.moveFromX = game.moveFromY = game.moveToX = game.moveToY = 0;
-  game.gameMode = ModeChoosePiece;
+  game.turn.moveFromX = game.turn.moveFromY = game.turn.moveToX = game.turn.moveToY = 0;
+  game.turn.gameMode = ModeChoosePiece;
   Relist(game, true);
-  game.turnClock = outside.Now();
+  game.turn.turnClock = outside.Now();
   Mirror(game, outside);
 }
 
@@ -90,7 +90,7 @@ void StepChoosePiece(Game& game, Outside& outside, GameView& view) {
 void StepChooseDestination(Game& game, Outside& outside, GameView& view) {
   DrawBlock(game, view);
   view.DrawSquares(game);
-  view.DrawSelection(game, game.moveFromX, game.moveFromY, true);
+  view.DrawSelection(game, game.turn.moveFromX, game.turn.moveFromY, true);
   HintBlock(game, outside, view, Hint::ChooseMove);
   ShowBlock(game, view);
   if (!TakeTurnOnThisMachine(game, outside)) return;
@@ -99,15 +99,15 @@ void StepChooseDestination(Game& game, Outside& outside, GameView& view) {
 
 void StepConfirmMove(Game& game, Outside& outside, GameView& view) {
   DrawBlock(game, view);
-  view.DrawMove(game, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY, true);
+  view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY, true);
   HintBlock(game, outside, view, Hint::Confirm);
   ShowBlock(game, view);
   if (!TakeTurnOnThisMachine(game, outside)) return;
   HandleSelectionClick(game, outside);
-  if (!game.clickPending || !game.clickRight) return;
-  game.clickPending = false;
+  if (!game.view.clickPending || !game.view.clickRight) return;
+  game.view.clickPending = false;
   // Only a right click on the chosen destination confirms the move.
-  if (game.clickX == game.moveToX && game.clickY == game.moveToY) AcceptMove(game, outside);
+  if (game.view.clickX == game.turn.moveToX && game.view.clickY == game.turn.moveToY) AcceptMove(game, outside);
 }
 
 }  // namespace varkesh

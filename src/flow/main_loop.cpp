@@ -1,8 +1,8 @@
 #include "flow/main_loop.h"
 
-#include "core/rules.h"
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
+#include "flow/turn.h"
 
 namespace varkesh {
 
@@ -41,51 +41,38 @@ void RunModeStep(Game& game, Outside& outside, GameView& view, int mode) {
 
 void DrawBlock(Game& game, GameView& view) {
   view.DrawBoardWithPieces(game);
-  if (game.boardChanged) view.ShowHistory(game);
+  if (game.view.boardChanged) view.ShowHistory(game);
   view.DrawDungeons(game);
-  game.boardChanged = false;
+  game.view.boardChanged = false;
 }
 
 void ShowBlock(const Game& game, GameView& view) {
-  if (game.viewChanged) view.ShowViewport();
+  if (game.view.viewChanged) view.ShowViewport();
 }
 
 void HintBlock(Game& game, Outside& outside, GameView& view, Hint hint) {
-  if (!outside.IsMenuChecked(Menu::OptionsHints) || game.turnElapsed <= kHintDelay) return;
+  if (!outside.IsMenuChecked(Menu::OptionsHints) || game.turn.turnElapsed <= kHintDelay) return;
   view.DrawHint(game, hint);
-  game.viewChanged = true;
+  game.view.viewChanged = true;
 }
 
 void Mirror(const Game& game, Outside& outside) {
-  if (game.netRole != kNetHosting && game.netRole != kNetClient) return;
-  std::string selection = "GUPM}" + std::to_string(game.moveFromX) + kFieldSeparator +
-                          std::to_string(game.moveFromY) + kFieldSeparator +
-                          std::to_string(game.moveToX) + kFieldSeparator +
-                          std::to_string(game.moveToY);
-  std::string mode = "GUGS}" + std::to_string(game.gameMode);
-  for (const std::string& message : {selection, mode}) {
-    if (game.netRole == kNetHosting)
-      outside.SendToAll(message, 0);
-    else
-      outside.SendToClient(0, message);
-  }
+  if (NetLink* link = outside.Link()) link->TellSelection(game);
 }
 
 void Relist(Game& game, bool forStrobe) {
-  game.boardChanged = true;
-  ClearMarks(game);
-  ClearMoveablePieces(game);
-  FindMoveablePieces(game, game.currentTeam, forStrobe, false);
+  game.view.boardChanged = true;
+  MarkMoveablePieces(game, forStrobe);
 }
 
 void RunPass(Game& game, Outside& outside, GameView& view) {
   view.UpdateFrameRate();
   view.AdvanceStrobes();
   double now = outside.Now();
-  if (game.turnClock == 0.0) game.turnClock = now;
-  game.turnElapsed = now - game.turnClock;
+  if (game.turn.turnClock == 0.0) game.turn.turnClock = now;
+  game.turn.turnElapsed = now - game.turn.turnClock;
   // Read once: an event inside the step may change the mode.
-  int mode = game.gameMode;
+  int mode = game.turn.gameMode;
   Guarded(outside, "modVarkesh", "Main", [&] { RunModeStep(game, outside, view, mode); });
 }
 

@@ -3,8 +3,8 @@
 // sleeping in between; tests drive it pass by pass.
 #pragma once
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/outside.h"
 #include "flow/game_view.h"
 
 namespace varkesh {

@@ -2,8 +2,8 @@
 // step a pass.
 #pragma once
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/outside.h"
 #include "flow/game_view.h"
 
 namespace varkesh {

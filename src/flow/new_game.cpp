@@ -3,10 +3,8 @@
 #include "core/labels.h"
 #include "core/new_game.h"
 #include "core/new_game_data.h"
-#include "core/rules.h"
-#include "core/turn.h"
 #include "flow/error_handler.h"
-#include "flow/save_load.h"
+#include "flow/turn.h"
 
 namespace varkesh {
 
@@ -19,71 +17,56 @@ constexpr const char* kUnsavedText =
     "          \u00bb Click 'Yes' to create a new game.\n"
     "          \u00bb Click 'No' to continue with the current game.";
 
-void ResetTeams(Game& game, const PerTeam<int>& players) {
-  for (std::size_t i = 0; i < game.playerKinds.size(); ++i) {
-    game.playerKinds[i] = players[i];
-    // In a session a human seat keeps its node; a computer seat is the host's.
-    if (game.playerKinds[i] != kHuman || game.netRole == kNetNone) game.seatNode[i] = 0;
-    game.castleRight[i] = true;
-    game.kingdomFallen[i] = false;
-    game.dungeons[i].prisoners.Clear();
-  }
-  for (HistoryMove& entry : game.history) {
-    entry.fromX = 0;
-    entry.fromY = 0;
-  }
+// The start of a game: the pieces of the pack's start position under the
+// chosen rules, every team standing with its castle right. The history is
+// emptied as the game has always emptied it, by its start squares alone.
+Position StartPosition(const NewGameChoice& choice, const Board& board, const Position& last) {
+  Position start;
+  start.board = board;
+  start.gameType = choice.gameType;
+  start.kingCaptureRule = choice.kingCaptureRule;
+  start.history = last.history;
+  for (HistoryMove& entry : start.history) entry.fromX = entry.fromY = 0;
+  return start;
 }
 
-bool AllHuman(const Game& game) {
-  for (int kind : game.playerKinds)
-    if (kind != kHuman) return false;
-  return true;
-}
-
-void StartGame(Game& game, Outside& outside, const NewGameChoice& choice, const Board& start) {
-  game.saveFilePath.clear();
-  game.gameSaved = true;
+void StartGame(Game& game, Outside& outside, const NewGameChoice& choice, const Board& board) {
+  game.turn.saveFilePath.clear();
+  game.turn.gameSaved = true;
   outside.SetMenuEnabled(Menu::Resign, true);
-  game.gameName = choice.name;
-  game.gameType = choice.gameType;
-  game.kingCaptureRule = choice.kingCaptureRule;
-  outside.SetGameDescription(GameDescription(game));
-  game.roundNumber = 1;
-  game.currentTeam = kWhite;
-  ResetTeams(game, choice.players);
+  Match& match = game.match;
+  match.setup.gameName = choice.name;
+  match.setup.playerKinds = choice.players;
+  match.position = StartPosition(choice, board, match.position);
+  match.BeginRecord();
+  outside.SetGameDescription(GameDescription(match.position, match.setup));
+  // In a session a human seat keeps its node; a computer seat is the host's.
+  for (std::size_t i = 0; i < game.net.seatNode.size(); ++i)
+    if (match.setup.playerKinds[i] != kHuman || game.net.netRole == kNetNone)
+      game.net.seatNode[i] = 0;
   UpdateCurrentPlayer(game, outside);
 
-  game.board = start;
   ClearMarks(game);
-  ClearMoveablePieces(game);
   StartTurn(game, outside);
-  game.boardChanged = true;
+  game.view.boardChanged = true;
 
-  outside.ShowPauseButton(!AllHuman(game) && game.netRole != kNetClient);
-  game.paused = false;
+  outside.ShowPauseButton(!match.setup.AllHuman() && game.net.netRole != kNetClient);
+  game.turn.paused = false;
   PlaySfx(outside, "sfx_newgame");
-}
-
-void TellClients(Game& game, Outside& outside) {
-  if (game.netRole != kNetHosting) return;
-  outside.SendToAll("GMSG}*** " + game.localPlayerName + " (host) has started a new game: '" +
-                        GameDescription(game),
-                    0);
-  outside.SendToAll("GLGF}" + GameImage(game, outside), 0);
 }
 
 }  // namespace
 
 void NewGameCommand(Game& game, Outside& outside) {
   Guarded(outside, "frmMain", "mnuGameNew.Click", [&] {
-    if (!game.gameSaved && !outside.AskYesNo(kUnsavedTitle, kUnsavedText)) return;
-    NewGameChoice choice = outside.RunNewGameDialog(game.playerKinds, RandomGameName(game.random));
+    if (!game.turn.gameSaved && !outside.AskYesNo(kUnsavedTitle, kUnsavedText)) return;
+    NewGameChoice choice =
+        outside.RunNewGameDialog(game.match.setup.playerKinds, RandomGameName(game.random));
     if (!choice.accepted) return;
     // Laid out aside first, so that a broken pack leaves the old game whole.
-    Game laidOut;
-    LoadNewGameDataFile(laidOut, outside.ExtractEntry("newgamedata"));
-    StartGame(game, outside, choice, laidOut.board);
-    TellClients(game, outside);
+    const Board board = LoadNewGameDataFile(outside.ExtractEntry("newgamedata"));
+    StartGame(game, outside, choice, board);
+    if (NetLink* link = outside.Link()) link->TellGameStarted(game, false);
   });
 }
 

@@ -1,8 +1,8 @@
 // The New Game command.
 #pragma once
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/outside.h"
 
 namespace varkesh {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/outside.h"
 
 namespace varkesh {
 
@@ -14,9 +14,9 @@ void SaveGame(Game& game, Outside& outside, const std::string& path);
 // running game stays exactly as it was and the error handler reports it.
 void LoadGame(Game& game, Outside& outside, const std::string& path);
 
-// The same for a game's plain text, as a host sends it. A text that cannot
-// be read is no fault of this program: the problem comes back, no box shows,
-// and the game stays as it was.
+// The same for a game's plain text, as a host sends it; the record begins
+// there. A text that cannot be read is no fault of this program: the problem
+// comes back, no box shows, and the game stays as it was.
 std::optional<std::string> LoadGameText(Game& game, Outside& outside, const std::string& text);
 
 // Starts the game that has just been read at the beginning of its team's
@@ -24,7 +24,7 @@ std::optional<std::string> LoadGameText(Game& game, Outside& outside, const std:
 void ResumeLoadedGame(Game& game, Outside& outside);
 
 // The running game as plain text, as a host sends it to its clients.
-std::string GameImage(Game& game, Outside& outside);
+std::string GameImage(const Game& game);
 
 // The Save Game and Load Game menu commands.
 void SaveGameCommand(Game& game, Outside& outside);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 
 #include "core/pawn_options.h"
-#include "core/play_move.h"
-#include "core/quiet_outside.h"
 #include "core/resign.h"
 #include "core/rules.h"
+#include "net/move_message.h"
 #include "net/wire.h"
 
 namespace varkesh::net {
@@ -20,8 +20,8 @@ bool PlayerTurn(int mode) {
 }
 
 bool HoldsTurn(const Game& game, int from) {
-  return TeamEntry(game.playerKinds, game.currentTeam, -1) == kHuman &&
-         TeamEntry(game.seatNode, game.currentTeam, -1) == from;
+  return TeamEntry(game.match.setup.playerKinds, game.match.position.currentTeam, -1) == kHuman &&
+         TeamEntry(game.net.seatNode, game.match.position.currentTeam, -1) == from;
 }
 
 // Numbers of a payload that must have exactly count fields, each from low to high.
@@ -35,56 +35,27 @@ bool ReadNumbers(std::string_view payload, std::size_t count, int low, int high,
   return true;
 }
 
-bool OwnPiece(const Game& game, int x, int y) {
-  return Board::InBounds(x, y) && game.board.at(x, y).team == game.currentTeam &&
-         game.board.at(x, y).piece >= kPawn;
+bool OwnPiece(const Position& position, int x, int y) {
+  return Board::InBounds(x, y) && position.board.at(x, y).team == position.currentTeam &&
+         position.board.at(x, y).piece >= kPawn;
 }
 
 bool SelectedMoveListed(const Game& game) {
-  return IsListedMove(game, game.moveFromX, game.moveFromY, game.moveToX, game.moveToY);
+  const TurnState& turn = game.turn;
+  return IsListedMove(game.match.position, turn.moveFromX, turn.moveFromY, turn.moveToX,
+                      turn.moveToY);
 }
 
 std::string StateRefusal(const Game& game, std::string_view payload) {
   const int mode = FieldNumber(payload);
   if (mode < ModeChoosePiece || mode > ModeConfirmMove)
     return "mode " + std::to_string(mode) + " is none a player's clicks reach";
-  if (mode == ModeChooseDestination && !OwnPiece(game, game.moveFromX, game.moveFromY))
+  if (mode == ModeChooseDestination &&
+      !OwnPiece(game.match.position, game.turn.moveFromX, game.turn.moveFromY))
     return "the chosen square holds no piece of the team to move";
   if (mode == ModeConfirmMove && !SelectedMoveListed(game))
     return "the chosen move is not one the rules list";
   return {};
-}
-
-// Whether the pawn options dialog would have let the mover pick this: the
-// move is played on a copy to see the options it leads to.
-bool OfferedPawnOption(const Game& game, int kind, int argA, int argB) {
-  Game probe = game;
-  QuietOutside quiet;
-  try {
-    PlayMoveOnBoard(probe, quiet, MaterialNotice::HumanOrNetwork);
-  } catch (const std::exception&) {
-    return false;
-  }
-  const bool due = PawnOptionsDue(probe, game.moveToX, game.moveToY);
-  const std::vector<PawnOption> options =
-      due ? ListPawnOptions(probe, game.moveToX, game.moveToY) : std::vector<PawnOption>{};
-  const auto offered = [&](bool onBoard) {
-    return std::any_of(options.begin(), options.end(), [&](const PawnOption& option) {
-      return option.onBoard == onBoard && option.argA == argA && (!onBoard || option.argB == argB);
-    });
-  };
-  switch (kind) {
-    case kMovePlain:  // the dialog closed without a choice, or no dialog
-      return !due || !options.empty();
-    case kMoveCaptureInKeep:
-      return offered(true);
-    case kMoveFreePrisoner:
-      return offered(false);
-    case kMovePawnLost:
-      return due && options.empty();
-    default:
-      return false;
-  }
 }
 
 std::string MoveRefusal(const Game& game, std::string_view payload) {
@@ -93,20 +64,20 @@ std::string MoveRefusal(const Game& game, std::string_view payload) {
                    numbers))
     return "a move message that does not fit its verb";
   if (!SelectedMoveListed(game)) return "the move is not one the rules list";
-  if (!OfferedPawnOption(game, numbers[0], numbers[1], numbers[2]))
+  const std::optional<Move> move = MoveOfMessage(game, numbers[0], numbers[1], numbers[2]);
+  if (!move || !IsLegal(game.match.position, *move))
     return "the pawn option is not one the rules offer";
   return {};
 }
 
+// Under the other rules the team means nothing: a peer sends whatever it
+// last conceded to.
 std::string ResignRefusal(const Game& game, std::string_view payload) {
   const int team = FieldNumber(payload);
-  if (game.kingCaptureRule == kKingdomGained) {
-    const std::vector<int> offers = ConcedeOffers(game);
-    if (std::find(offers.begin(), offers.end(), team) == offers.end())
-      return "team " + std::to_string(team) + " may not receive the pieces";
-  } else if (team != kNoTeam) {
-    return "no team receives the pieces under this rule";
-  }
+  if (game.match.position.kingCaptureRule != kKingdomGained) return {};
+  const std::vector<int> offers = ConcedeOffers(game.match.position);
+  if (std::find(offers.begin(), offers.end(), team) == offers.end())
+    return "team " + std::to_string(team) + " may not receive the pieces";
   return {};
 }
 
@@ -119,9 +90,9 @@ bool IsGameVerb(std::string_view verb) {
 std::string RefusalOf(const Game& game, int from, std::string_view message) {
   const Message parts = SplitMessage(message);
   if (!IsGameVerb(parts.verb)) return "only the host sends that";
-  if (!PlayerTurn(game.gameMode)) return "no player's turn is under way";
+  if (!PlayerTurn(game.turn.gameMode)) return "no player's turn is under way";
   if (!HoldsTurn(game, from))
-    return std::string("the node does not hold the seat of ") + TeamName(game.currentTeam);
+    return std::string("the node does not hold the seat of ") + TeamName(game.match.position.currentTeam);
   if (parts.verb == "GUPM") {
     int squares[4];
     return ReadNumbers(parts.payload, 4, 0, kBoardSide - 1, squares) ? std::string()

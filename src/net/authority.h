@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh::net {
 

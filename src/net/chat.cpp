@@ -45,8 +45,8 @@ bool SendChat(NetNode& node, const std::string& typed) {
   const std::string text = Trimmed(ShowableText(typed));
   if (text.empty()) return false;
   Game& game = node.game;
-  if (game.netRole == kNetHosting) {
-    AddChat(node, " \u00BB" + game.localPlayerName, text, PlayerColor(game, game.myNodeId));
+  if (game.net.netRole == kNetHosting) {
+    AddChat(node, " \u00BB" + game.net.localPlayerName, text, PlayerColor(game, game.net.myNodeId));
     SendToAllNodes(node, "GCHT}0" + std::string(1, kFieldSeparator) + text, 0);
   } else {
     SendToHost(node, "GCHT}" + text);

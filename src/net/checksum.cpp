@@ -29,31 +29,31 @@ class Fingerprint {
 }  // namespace
 
 int GameChecksum(const Game& game) {
-  return GameChecksum(game, game.playerKinds, game.seatNode);
+  return GameChecksum(game, game.match.setup.playerKinds, game.net.seatNode);
 }
 
 int GameChecksum(const Game& game, const PerTeam<int>& kinds, const PerTeam<int>& seats) {
   Fingerprint print;
-  for (const Square& square : game.board.squares) {
+  for (const Square& square : game.match.position.board.squares) {
     print.Add(square.team);
     print.Add(square.piece);
     print.Add(square.terrain);
     print.Add(square.realm);
   }
-  for (const Dungeon& dungeon : game.dungeons) {
+  for (const Dungeon& dungeon : game.match.position.dungeons) {
     print.Add(dungeon.PrisonerCount());
     for (const DungeonPiece& prisoner : dungeon.prisoners) {
       print.Add(prisoner.team);
       print.Add(prisoner.piece);
     }
   }
-  for (const HistoryMove& move : game.history) {
+  for (const HistoryMove& move : game.match.position.history) {
     for (int value : {move.fromX, move.fromY, move.toX, move.toY, move.team}) print.Add(value);
     print.Add(move.wasCapture);
   }
-  print.AddAll(game.castleRight);
-  print.AddAll(game.kingdomFallen);
-  for (int value : {game.currentTeam, game.roundNumber, game.gameType, game.kingCaptureRule})
+  print.AddAll(game.match.position.castleRight);
+  print.AddAll(game.match.position.kingdomFallen);
+  for (int value : {game.match.position.currentTeam, game.match.position.roundNumber, game.match.position.gameType, game.match.position.kingCaptureRule})
     print.Add(value);
   print.AddAll(kinds);
   print.AddAll(seats);

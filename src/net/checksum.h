@@ -2,7 +2,7 @@
 // that a host can tell when a client has drifted away from it.
 #pragma once
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh::net {
 

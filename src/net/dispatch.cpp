@@ -36,10 +36,10 @@ bool QueueFrom(NetNode& node, int from, const std::string& message) {
 bool TakeNodeNumber(NetNode& node, std::string_view payload) {
   const int number = FieldNumber(payload);
   if (number < 1 || number > kMaxNodeNumber) return false;
-  node.game.myNodeId = number;
+  node.game.net.myNodeId = number;
   AddMessage(node, "You are connected as Node #" + std::to_string(number));
   SendHello(node);
-  SendToHost(node, "GMNI}" + node.game.localPlayerName);
+  SendToHost(node, "GMNI}" + node.game.net.localPlayerName);
   node.view.SetChatEnabled(true);
   return true;
 }
@@ -49,14 +49,14 @@ void ShowReceivedChat(NetNode& node, std::string_view payload) {
   const int from = FieldNumber(sender);
   const Game& game = node.game;
   const std::string name =
-      from == game.myNodeId ? " \u00BB" + game.localPlayerName : NodeName(node.session, from);
+      from == game.net.myNodeId ? " \u00BB" + game.net.localPlayerName : NodeName(node.session, from);
   AddChat(node, name, std::string(text), PlayerColor(game, from));
 }
 
 void ShowBoot(NetNode& node, std::string_view payload) {
   const auto [booted, reason] = SplitFirstField(payload);
   const int bootedNode = FieldNumber(booted);
-  if (bootedNode == node.game.myNodeId) {
+  if (bootedNode == node.game.net.myNodeId) {
     AddMessage(node, "***** You are being booted by the host!");
     AddMessage(node, "REASON: '" + std::string(reason) + "'");
     AddMessage(node, "");
@@ -172,7 +172,7 @@ std::optional<std::string> NextMessage(NetSession& session, int n) {
 }
 
 bool CutOnce(NetNode& node) {
-  const bool host = node.game.netRole == kNetHosting;
+  const bool host = node.game.net.netRole == kNetHosting;
   bool any = false;
   const int first = host ? 1 : 0;
   const int last = host ? node.session.nodeCount : 0;
@@ -184,7 +184,7 @@ bool CutOnce(NetNode& node) {
         ReportNetError(node, "comm.DataArrival", 1,
                        "A '" + ShowableText(SplitMessage(*message).verb.substr(0, 4)) +
                            "' message that does not fit its verb was dropped");
-      if (node.game.netRole == kNetNone) return false;
+      if (node.game.net.netRole == kNetNone) return false;
     }
   }
   return any;

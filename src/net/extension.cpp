@@ -31,11 +31,11 @@ void RememberChecksum(NetNode& node) {
   const Game& game = node.game;
   auto& recent = session.recentChecksums;
   recent.emplace_back(session.gameEvents, GameChecksum(game));
-  if (session.kindsAtEvent != game.playerKinds || session.seatsAtEvent != game.seatNode)
+  if (session.kindsAtEvent != game.match.setup.playerKinds || session.seatsAtEvent != game.net.seatNode)
     recent.emplace_back(session.gameEvents,
                         GameChecksum(game, session.kindsAtEvent, session.seatsAtEvent));
-  session.kindsAtEvent = game.playerKinds;
-  session.seatsAtEvent = game.seatNode;
+  session.kindsAtEvent = game.match.setup.playerKinds;
+  session.seatsAtEvent = game.net.seatNode;
   while (recent.size() > kRecentChecksumCount) recent.pop_front();
 }
 
@@ -57,12 +57,12 @@ void CatchUpNow(NetNode& node, int n) {
 }
 
 std::string PeerLabel(const NetNode& node, int n) {
-  return node.game.netRole == kNetHosting ? "Node " + std::to_string(n) : "The host";
+  return node.game.net.netRole == kNetHosting ? "Node " + std::to_string(n) : "The host";
 }
 
 void LetSilentPeersGo(NetNode& node, double now) {
   NetSession& session = node.session;
-  const bool host = node.game.netRole == kNetHosting;
+  const bool host = node.game.net.netRole == kNetHosting;
   const int first = host ? 1 : 0;
   const int last = host ? session.nodeCount : 0;
   for (int n = first; n <= last; ++n) {
@@ -79,7 +79,7 @@ void LetSilentPeersGo(NetNode& node, double now) {
                          std::to_string(static_cast<int>(kSilenceSeconds)) + " seconds; let go");
       LetGo(node, n);
     }
-    if (node.game.netRole == kNetNone || (!host && session.nodeConnections[0] == 0)) return;
+    if (node.game.net.netRole == kNetNone || (!host && session.nodeConnections[0] == 0)) return;
   }
 }
 
@@ -98,15 +98,15 @@ void TakeHello(NetNode& node, int peer) {
   PeerGuard* guard = Peer(node.session, peer);
   if (guard == nullptr || guard->extended) return;
   guard->extended = true;
-  if (node.game.netRole == kNetHosting)
+  if (node.game.net.netRole == kNetHosting)
     SendToNode(node, peer, std::string(kHelloVerb) + "}" + std::to_string(kExtensionVersion));
 }
 
 void NoteGameEvent(NetNode& node) {
   CountEvent(node.session);
-  if (node.game.netRole == kNetHosting)
+  if (node.game.net.netRole == kNetHosting)
     RememberChecksum(node);
-  else if (node.game.netRole == kNetClient)
+  else if (node.game.net.netRole == kNetClient)
     ReportChecksum(node);
 }
 
@@ -131,7 +131,7 @@ void AnnounceSentGame(NetNode& node) {
 }
 
 void NoteSeatChange(NetNode& node) {
-  if (node.game.netRole != kNetHosting) return;
+  if (node.game.net.netRole != kNetHosting) return;
   auto& recent = node.session.recentChecksums;
   recent.emplace_back(node.session.gameEvents, GameChecksum(node.game));
   while (recent.size() > kRecentChecksumCount) recent.pop_front();
@@ -181,14 +181,14 @@ void ScheduleCatchUp(NetNode& node, int n) {
 }
 
 void KeepAlive(NetNode& node) {
-  if (node.game.netRole != kNetHosting && node.game.netRole != kNetClient) return;
+  if (node.game.net.netRole != kNetHosting && node.game.net.netRole != kNetClient) return;
   NetSession& session = node.session;
   const double now = node.outside.Now();
   if (now - session.lastTick > kStallSeconds)
     for (PeerGuard& peer : session.peers) peer.lastHeard = std::max(peer.lastHeard, now);
   session.lastTick = now;
   LetSilentPeersGo(node, now);
-  if (node.game.netRole == kNetHosting) {
+  if (node.game.net.netRole == kNetHosting) {
     for (int n = 1; n <= session.nodeCount; ++n) {
       const PeerGuard& peer = session.peers[static_cast<std::size_t>(n)];
       if (InUse(session, n) && peer.catchUpDue && now - peer.lastCatchUp >= kCatchUpInterval)
@@ -198,7 +198,7 @@ void KeepAlive(NetNode& node) {
   if (now - session.lastKeepAlive < kKeepAliveSeconds) return;
   session.lastKeepAlive = now;
   const std::string alive = std::string(kKeepAliveVerb) + "}";
-  if (node.game.netRole == kNetClient) {
+  if (node.game.net.netRole == kNetClient) {
     if (SpeaksExtension(session, 0) && session.nodeConnections[0] != 0) SendToHost(node, alive);
     return;
   }

@@ -1,14 +1,14 @@
 #include "net/game_queue.h"
 
-#include "core/labels.h"
-#include "core/resign.h"
-#include "core/rules.h"
 #include "flow/accept_move.h"
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
+#include "flow/resign.h"
 #include "flow/save_load.h"
+#include "flow/turn.h"
 #include "net/authority.h"
 #include "net/extension.h"
+#include "net/move_message.h"
 #include "net/seats.h"
 #include "net/sending.h"
 #include "net/text.h"
@@ -31,39 +31,40 @@ bool UpdatePieceMove(Game& game, std::string_view payload) {
     numbers[i] = FieldNumber(fields[i]);
     if (!OnBoardOrZero(numbers[i])) return false;
   }
-  game.moveFromX = numbers[0];
-  game.moveFromY = numbers[1];
-  game.moveToX = numbers[2];
-  game.moveToY = numbers[3];
+  game.turn.moveFromX = numbers[0];
+  game.turn.moveFromY = numbers[1];
+  game.turn.moveToX = numbers[2];
+  game.turn.moveToY = numbers[3];
   return true;
 }
 
 // The selection that the sender's new mode stands for, so that a watching
 // node shows what the node of the seat shows.
 void FollowMode(Game& game, Outside& outside) {
-  switch (game.gameMode) {
+  switch (game.turn.gameMode) {
     case ModeChoosePiece:
       Relist(game, true);
       break;
     case ModeChooseDestination:
     case ModeConfirmMove: {
-      const bool confirm = game.gameMode == ModeConfirmMove;
-      ShowPiece(game, outside, game.moveFromX, game.moveFromY, confirm ? game.moveToX : 0,
-                confirm ? game.moveToY : 0);
+      const TurnState& turn = game.turn;
+      const bool confirm = turn.gameMode == ModeConfirmMove;
+      ShowPiece(game, outside, turn.moveFromX, turn.moveFromY, confirm ? turn.moveToX : 0,
+                confirm ? turn.moveToY : 0);
       Relist(game, false);
-      FindMoves(game, game.moveFromX, game.moveFromY, true, false);
+      MarkDestinations(game, turn.moveFromX, turn.moveFromY);
       break;
     }
     default:
       return;
   }
-  game.turnClock = outside.Now();
+  game.turn.turnClock = outside.Now();
 }
 
 bool UpdateGameState(NetNode& node, std::string_view payload) {
   const int mode = FieldNumber(payload);
   if (mode < ModeNoGame || mode > ModeComputerMoves) return false;
-  node.game.gameMode = mode;
+  node.game.turn.gameMode = mode;
   FollowMode(node.game, node.outside);
   return true;
 }
@@ -71,18 +72,17 @@ bool UpdateGameState(NetNode& node, std::string_view payload) {
 bool AcceptNetMove(NetNode& node, std::string_view payload) {
   std::vector<std::string_view> fields = SplitFields(payload);
   if (fields.size() != 3) return false;
-  Game& game = node.game;
-  game.netMoveKind = FieldNumber(fields[0]);
-  game.netMoveArg1 = FieldNumber(fields[1]);
-  game.netMoveArg2 = FieldNumber(fields[2]);
-  NetAcceptMove(game, node.outside);
+  const std::optional<Move> move = MoveOfMessage(node.game, FieldNumber(fields[0]),
+                                                FieldNumber(fields[1]), FieldNumber(fields[2]));
+  if (!move) return false;
+  NetAcceptMove(node.game, node.outside, move->option);
   return true;
 }
 
 bool AcceptNetResign(NetNode& node, std::string_view payload) {
   // Below 0 would ask this machine's player, as for the local Resign command.
   const int team = FieldNumber(payload);
-  if (team < 0 || team > kTeamCount) return false;
+  if (team < 0) return false;
   Guarded(node.outside, "frmMain", "DoResign", [&] { DoResign(node.game, node.outside, team); });
   return true;
 }
@@ -136,7 +136,7 @@ void CompareWaitingChecksums(NetNode& node) {
 }  // namespace
 
 void ProcessGameQ(NetNode& node) {
-  const bool host = node.game.netRole == kNetHosting;
+  const bool host = node.game.net.netRole == kNetHosting;
   if (host) CompareWaitingChecksums(node);
   if (node.session.gameQueue.empty()) return;
   const QueuedMessage entry = std::move(node.session.gameQueue.front());
@@ -162,21 +162,22 @@ void ProcessGameQ(NetNode& node) {
 }
 
 void ServeGameQueue(NetNode& node) {
-  if (node.game.netRole != kNetNone && !node.session.gameQueue.empty()) ProcessGameQ(node);
+  if (node.game.net.netRole != kNetNone && !node.session.gameQueue.empty()) ProcessGameQ(node);
 }
 
 void CatchUpClient(NetNode& node, int clientNode) {
   Game& game = node.game;
   SendToNode(node, clientNode, ControlMessage(game));
-  const int mode = game.gameMode;
+  const int mode = game.turn.gameMode;
   // A computer move under way (mode 9) is carried out by the joiner too.
   if (mode != ModeChoosePiece && mode != ModeChooseDestination && mode != ModeConfirmMove &&
       mode != ModeComputerThinks && mode != ModeComputerMoves)
     return;
   AddSyncFor(node, clientNode);
-  SendToNode(node, clientNode, "GLGF}" + GameImage(game, node.outside));
+  SendToNode(node, clientNode, "GLGF}" + GameImage(game));
   SendToNode(node, clientNode,
-             NumberMessage("GUPM", {game.moveFromX, game.moveFromY, game.moveToX, game.moveToY}));
+             NumberMessage("GUPM", {game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX,
+                                    game.turn.moveToY}));
   SendToNode(node, clientNode, NumberMessage("GUGS", {mode}));
 }
 

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "core/game.h"
-#include "core/net_link.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/net_link.h"
+#include "flow/outside.h"
 #include "net/net_view.h"
 #include "net/session.h"
 #include "net/transport.h"
@@ -24,8 +24,8 @@ struct NetNode {
 };
 
 // Ties a node to its transport and its game: the transport's events come in
-// here, and the game's messages (Outside::SendToAll, SendToClient) go out
-// here, for as long as this object lives.
+// here, and what the game tells the session becomes messages here, for as
+// long as this object lives.
 class SessionLink final : public TransportEvents, public NetLink {
  public:
   explicit SessionLink(NetNode& node);
@@ -40,16 +40,18 @@ class SessionLink final : public TransportEvents, public NetLink {
   void OnError(ConnectionId connection, int number, const std::string& description) override;
   void OnTick() override;
 
-  void SendToAll(const std::string& chunk, int skipNode) override;
-  void SendToClient(int clientNum, const std::string& chunk) override;
-  void OnGameEvent() override;
+  void TellSelection(const Game& game) override;
+  void TellMove(const Game& game, const MoveEffects& effects) override;
+  void TellResignation(const Game& game, int concedeTeam) override;
+  void TellGameStarted(Game& game, bool loaded) override;
+  void OnGameEvent(const Game& game) override;
 
  private:
   NetNode& node_;
 };
 
-// Opening, with game.netRole at 1 (host) or 3 (client) and the dialog's
-// choices in game.localPlayerName, session.hostAddress and session.netPort.
+// Opening, with game.net.netRole at 1 (host) or 3 (client) and the dialog's
+// choices in game.net.localPlayerName, session.hostAddress and session.netPort.
 // A host that cannot listen reports it in the NetPlay error block and
 // returns false; its role is then back at 0.
 bool OpenAsHost(NetNode& node);

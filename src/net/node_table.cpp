@@ -19,8 +19,8 @@ void GrowTables(NetSession& session) {
 }
 
 std::string NodeLineText(const Game& game, int i, const std::string& name) {
-  if (i == 0 && game.myNodeId == 0) return name + " (host/you)";
-  if (i == game.myNodeId) return name + " (you)";
+  if (i == 0 && game.net.myNodeId == 0) return name + " (host/you)";
+  if (i == game.net.myNodeId) return name + " (you)";
   if (i == 0) return name + " (host)";
   return name;
 }

@@ -53,8 +53,8 @@ void RestoreSeats(NetNode& node, int n) {
     const int i = TeamIndex(team);
     if (i < 0) continue;
     const std::size_t at = static_cast<std::size_t>(i);
-    if (game.playerKinds[at] != kHuman || game.seatNode[at] != 0) continue;
-    game.seatNode[at] = n;
+    if (game.match.setup.playerKinds[at] != kHuman || game.net.seatNode[at] != 0) continue;
+    game.net.seatNode[at] = n;
     restored.push_back(team);
   }
   session.droppedSeats.erase(std::next(drop).base());

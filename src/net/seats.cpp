@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "core/labels.h"
 #include "net/chat.h"
 #include "net/extension.h"
@@ -17,7 +17,7 @@ constexpr PerTeam<Rgb> kTeamColours = {Rgb{255, 255, 255}, Rgb{0, 0, 127}, Rgb{0
                                        Rgb{127, 0, 0}};
 
 std::string Decoration(const Game& game, int seatNode) {
-  const bool mine = seatNode == game.myNodeId;
+  const bool mine = seatNode == game.net.myNodeId;
   if (mine && seatNode == 0) return "(host/you)";
   if (mine) return "(you)";
   if (seatNode == 0) return "(host)";
@@ -49,8 +49,8 @@ std::string ControlMessage(const Game& game) {
   std::string text = "GCNC}";
   for (int t = 0; t < kTeamCount; ++t) {
     if (t > 0) text += kFieldSeparator;
-    text += std::to_string(game.playerKinds[static_cast<std::size_t>(t)]) + kFieldSeparator +
-            std::to_string(game.seatNode[static_cast<std::size_t>(t)]);
+    text += std::to_string(game.match.setup.playerKinds[static_cast<std::size_t>(t)]) + kFieldSeparator +
+            std::to_string(game.net.seatNode[static_cast<std::size_t>(t)]);
   }
   return text;
 }
@@ -65,8 +65,8 @@ bool BreakDownNodeControl(NetNode& node, std::string_view payload) {
     if (kinds[t] < kHuman || kinds[t] > kDefensive || seats[t] < 0 || seats[t] > kMaxNodeNumber)
       return false;
   }
-  node.game.playerKinds = kinds;
-  node.game.seatNode = seats;
+  node.game.match.setup.playerKinds = kinds;
+  node.game.net.seatNode = seats;
   UpdatePlayerNames(node);
   return true;
 }
@@ -84,8 +84,8 @@ void TellSeats(NetNode& node, int skipNode) {
 PerTeam<std::string> SeatCaptions(const Game& game, const NetSession& session) {
   PerTeam<std::string> captions;
   for (std::size_t t = 0; t < kTeamCount; ++t) {
-    const int kind = game.playerKinds[t];
-    const int seat = game.seatNode[t];
+    const int kind = game.match.setup.playerKinds[t];
+    const int seat = game.net.seatNode[t];
     captions[t] =
         kind == kHuman ? NodeName(session, seat) + Decoration(game, seat) : ComputerCaption(kind);
   }
@@ -94,13 +94,13 @@ PerTeam<std::string> SeatCaptions(const Game& game, const NetSession& session) {
 
 Rgb PlayerColor(const Game& game, int node) {
   for (std::size_t t = 0; t < kTeamCount; ++t)
-    if (game.seatNode[t] == node && game.playerKinds[t] == kHuman) return kTeamColours[t];
+    if (game.net.seatNode[t] == node && game.match.setup.playerKinds[t] == kHuman) return kTeamColours[t];
   return kWatcherColour;
 }
 
 std::string SeatPlayerName(const Game& game, const NetSession& session, int team) {
-  if (TeamEntry(game.playerKinds, team, -1) != kHuman) return {};
-  return NodeName(session, TeamEntry(game.seatNode, team, -1));
+  if (TeamEntry(game.match.setup.playerKinds, team, -1) != kHuman) return {};
+  return NodeName(session, TeamEntry(game.net.seatNode, team, -1));
 }
 
 void AssignSeat(NetNode& node, int team, int toNode) {
@@ -109,8 +109,8 @@ void AssignSeat(NetNode& node, int team, int toNode) {
       !node.session.nodeInUse[static_cast<std::size_t>(toNode)])
     return;
   Game& game = node.game;
-  game.playerKinds[static_cast<std::size_t>(i)] = kHuman;
-  game.seatNode[static_cast<std::size_t>(i)] = toNode;
+  game.match.setup.playerKinds[static_cast<std::size_t>(i)] = kHuman;
+  game.net.seatNode[static_cast<std::size_t>(i)] = toNode;
   AnnounceSeat(node, team, NodeName(node.session, toNode));
 }
 
@@ -120,16 +120,16 @@ void GiveSeatToComputer(NetNode& node, int team, int personality) {
   const int i = TeamIndex(team);
   if (i < 0 || personality < kAggressive || personality > kDefensive) return;
   Game& game = node.game;
-  game.playerKinds[static_cast<std::size_t>(i)] = personality;
-  game.seatNode[static_cast<std::size_t>(i)] = 0;
+  game.match.setup.playerKinds[static_cast<std::size_t>(i)] = personality;
+  game.net.seatNode[static_cast<std::size_t>(i)] = 0;
   AnnounceSeat(
       node, team,
       std::string("the Computer (") + kPersonalities[static_cast<std::size_t>(personality)] + ")");
   // The computer takes over at once, dropping any selection.
-  const bool selecting = game.gameMode == ModeChoosePiece ||
-                         game.gameMode == ModeChooseDestination || game.gameMode == ModeConfirmMove;
-  if (team == game.currentTeam && selecting) {
-    game.gameMode = ModeComputerThinks;
+  const bool selecting = game.turn.gameMode == ModeChoosePiece ||
+                         game.turn.gameMode == ModeChooseDestination || game.turn.gameMode == ModeConfirmMove;
+  if (team == game.match.position.currentTeam && selecting) {
+    game.turn.gameMode = ModeComputerThinks;
     SendToAllNodes(node, "GUGS}8", 0);
   }
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "net/chat_history.h"
 #include "net/transport.h"
 #include "net/wire.h"

@@ -1,8 +1,11 @@
+#include "core/labels.h"
 #include "flow/error_handler.h"
+#include "flow/save_load.h"
 #include "net/chat.h"
 #include "net/departures.h"
 #include "net/dispatch.h"
 #include "net/extension.h"
+#include "net/move_message.h"
 #include "net/node_table.h"
 #include "net/rejoin.h"
 #include "net/seats.h"
@@ -20,7 +23,7 @@ constexpr const char* kClosedConnectionText =
 constexpr Menu kClientLockedMenus[] = {Menu::GameNew, Menu::GameLoad, Menu::GameSave};
 
 bool AllSeatsHuman(const Game& game) {
-  for (int kind : game.playerKinds)
+  for (int kind : game.match.setup.playerKinds)
     if (kind != kHuman) return false;
   return true;
 }
@@ -47,7 +50,7 @@ void NodeLeft(NetNode& node, int n) {
   std::erase_if(session.gameQueue, [n](const QueuedMessage& queued) { return queued.from == n; });
   std::vector<int> fallen;
   for (int team = kWhite; team <= kRed; ++team) {
-    int& seat = node.game.seatNode[static_cast<std::size_t>(team - 1)];
+    int& seat = node.game.net.seatNode[static_cast<std::size_t>(team - 1)];
     if (seat != n) continue;
     seat = 0;
     fallen.push_back(team);
@@ -61,7 +64,7 @@ void NodeLeft(NetNode& node, int n) {
 
 void LostConnection(NetNode& node) {
   Game& game = node.game;
-  if (game.netRole == kNetHosting) {
+  if (game.net.netRole == kNetHosting) {
     AddMessage(node, "*** You're hosting port has closed.");
     AddMessage(node, "===================================");
     node.view.SetHostControlsEnabled(false);
@@ -71,13 +74,13 @@ void LostConnection(NetNode& node) {
   }
   node.view.SetChatEnabled(false);
   node.transport.Close(0);
-  game.seatNode = {};
-  game.myNodeId = 0;
+  game.net.seatNode = {};
+  game.net.myNodeId = 0;
   ResetNodeTables(node.session, "");
 }
 
 void LetGo(NetNode& node, int peer) {
-  if (node.game.netRole == kNetHosting && peer > 0)
+  if (node.game.net.netRole == kNetHosting && peer > 0)
     NodeLeft(node, peer);
   else
     LostConnection(node);
@@ -90,7 +93,7 @@ SessionLink::SessionLink(NetNode& node) : node_(node) {
 
 SessionLink::~SessionLink() {
   node_.transport.SetEvents(nullptr);
-  if (node_.outside.AttachedNetLink() == this) node_.outside.AttachNetLink(nullptr);
+  if (node_.outside.Link() == this) node_.outside.AttachNetLink(nullptr);
 }
 
 void SessionLink::OnAccepted(ConnectionId connection) {
@@ -99,7 +102,7 @@ void SessionLink::OnAccepted(ConnectionId connection) {
   int clients = 0;
   for (int n = 1; n <= session.nodeCount; ++n)
     clients += session.nodeInUse[static_cast<std::size_t>(n)];
-  if (node.game.netRole != kNetHosting || clients >= kMaxClients) {
+  if (node.game.net.netRole != kNetHosting || clients >= kMaxClients) {
     node.transport.Send(connection,
                         "GMSG}*** This session is full: " + std::to_string(kMaxClients) +
                             " players at the most." + kMessageEnd);
@@ -124,7 +127,7 @@ void SessionLink::OnConnected(ConnectionId connection) {
   session.peers[0].lastHeard = node_.outside.Now();
   AddMessage(node_, "... host has answered.");
   AddMessage(node_, "");
-  node_.game.netRole = kNetClient;
+  node_.game.net.netRole = kNetClient;
 }
 
 void SessionLink::OnData(ConnectionId connection, std::string_view bytes) {
@@ -163,19 +166,45 @@ void SessionLink::OnError(ConnectionId, int number, const std::string& descripti
   ReportNetError(node_, "comm.Error", number, description);
 }
 
-void SessionLink::SendToAll(const std::string& chunk, int skipNode) {
-  // A game for everyone is a new or loaded game of the host's: an event.
-  if (node_.game.netRole == kNetHosting && SplitMessage(chunk).verb == "GLGF")
-    AnnounceSentGame(node_);
-  SendToAllNodes(node_, chunk, skipNode);
+namespace {
+
+// A message about this machine's game: a host tells every client, a client
+// its host; out of a session nobody.
+void TellOthers(NetNode& node, const std::string& message) {
+  const int role = node.game.net.netRole;
+  if (role == kNetHosting) SendToAllNodes(node, message, 0);
+  if (role == kNetClient) SendToHost(node, message);
 }
 
-void SessionLink::OnGameEvent() {
+}  // namespace
+
+void SessionLink::TellSelection(const Game& game) {
+  const TurnState& turn = game.turn;
+  TellOthers(node_, NumberMessage("GUPM", {turn.moveFromX, turn.moveFromY, turn.moveToX,
+                                           turn.moveToY}));
+  TellOthers(node_, NumberMessage("GUGS", {turn.gameMode}));
+}
+
+void SessionLink::TellMove(const Game&, const MoveEffects& effects) {
+  TellOthers(node_, MoveMessage(effects));
+}
+
+void SessionLink::TellResignation(const Game&, int concedeTeam) {
+  TellOthers(node_, NumberMessage("GRES", {concedeTeam}));
+}
+
+void SessionLink::TellGameStarted(Game& game, bool loaded) {
+  if (game.net.netRole != kNetHosting) return;
+  SendNotice(node_, "*** " + game.net.localPlayerName + " (host) has " +
+                        (loaded ? "loaded a game: '" : "started a new game: '") +
+                        GameDescription(game.match.position, game.match.setup));
+  // A game for everyone is an event of its own.
+  AnnounceSentGame(node_);
+  SendToAllNodes(node_, "GLGF}" + GameImage(game), 0);
+}
+
+void SessionLink::OnGameEvent(const Game&) {
   NoteGameEvent(node_);
-}
-
-void SessionLink::SendToClient(int clientNum, const std::string& chunk) {
-  SendToNode(node_, clientNum, chunk);
 }
 
 void SendToNode(NetNode& node, int clientNum, const std::string& chunk) {
@@ -208,24 +237,24 @@ bool OpenAsHost(NetNode& node) {
   Game& game = node.game;
   NetSession& session = node.session;
   node.outside.SetMenuEnabled(Menu::NetPlay, false);
-  game.localPlayerName = CleanName(game.localPlayerName);
-  ResetNodeTables(session, game.localPlayerName);
+  game.net.localPlayerName = CleanName(game.net.localPlayerName);
+  ResetNodeTables(session, game.net.localPlayerName);
   session.gameQueue.clear();
   session.gameQueueSize = 0;
-  game.myNodeId = 0;
-  node.view.SetNodeList({{game.localPlayerName + " (host/you)", 0}}, 0);
+  game.net.myNodeId = 0;
+  node.view.SetNodeList({{game.net.localPlayerName + " (host/you)", 0}}, 0);
   UpdatePlayerNames(node);
   std::string error;
   if (!node.transport.Listen(session.netPort, error)) {
     ReportNetError(node, "Form.Load", 10048, error);
-    game.netRole = kNetNone;
+    game.net.netRole = kNetNone;
     node.outside.SetMenuEnabled(Menu::NetPlay, true);
     return false;
   }
   node.view.SetChatEnabled(true);
   node.view.SetHostControlsEnabled(true);
-  game.netRole = kNetHosting;
-  AddMessage(node, "Hosting as '" + game.localPlayerName +
+  game.net.netRole = kNetHosting;
+  AddMessage(node, "Hosting as '" + game.net.localPlayerName +
                        "' on IP=" + node.transport.LocalAddress() +
                        ", Port=" + std::to_string(session.netPort) + " ...");
   AddMessage(node, "");
@@ -238,13 +267,13 @@ void OpenAsClient(NetNode& node) {
   node.outside.SetMenuEnabled(Menu::NetPlay, false);
   for (Menu menu : kClientLockedMenus) node.outside.SetMenuEnabled(menu, false);
   node.outside.ShowPauseButton(false);
-  game.localPlayerName = CleanName(game.localPlayerName);
+  game.net.localPlayerName = CleanName(game.net.localPlayerName);
   ResetNodeTables(session, "");
   session.gameQueue.clear();
   session.gameQueueSize = 10;
   node.view.SetChatEnabled(false);
   node.transport.Connect(session.hostAddress, session.netPort);
-  AddMessage(node, "Connecting as '" + game.localPlayerName + "' on IP=" + session.hostAddress +
+  AddMessage(node, "Connecting as '" + game.net.localPlayerName + "' on IP=" + session.hostAddress +
                        ", Port=" + std::to_string(session.netPort) + " ...");
 }
 
@@ -253,10 +282,10 @@ void CloseSession(NetNode& node) {
   node.transport.Close(0);
   ResetNodeTables(node.session, "");
   node.session.gameQueue.clear();
-  game.netRole = kNetNone;
+  game.net.netRole = kNetNone;
   for (Menu menu : kClientLockedMenus) node.outside.SetMenuEnabled(menu, true);
   node.outside.SetMenuEnabled(Menu::NetPlay, true);
-  const int mode = game.gameMode;
+  const int mode = game.turn.gameMode;
   const bool underWay = mode != ModeNoGame && mode != ModeTitle && mode != ModeGameOver &&
                         mode != ModeVictorySetUp && mode != ModeVictory;
   node.outside.ShowPauseButton(underWay && !AllSeatsHuman(game));

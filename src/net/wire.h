@@ -9,11 +9,13 @@
 #include <string_view>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh::net {
 
 inline constexpr char kMessageEnd = '\0';
+// Between the fields of a message.
+inline constexpr char kFieldSeparator = '\x01';
 // Stands for a free node in the node list.
 inline constexpr char kFreeNodeMark = '\xFF';
 inline constexpr int kDefaultPort = 5337;

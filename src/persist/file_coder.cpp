@@ -12,10 +12,13 @@ namespace varkesh {
 
 namespace {
 
-// Magic, version, plain length and CRC-32 of the plain text, then the
-// zlib stream. Numbers are little-endian.
+// Magic, version, plain length and CRC-32 of the plain bytes, then the
+// zlib stream. Numbers are little-endian. In version 1 the plain bytes are
+// the game text; in version 2 they are the texts, each led by its length.
 constexpr std::string_view kMagic = "VRKS";
-constexpr unsigned char kVersion = 1;
+constexpr unsigned char kTextOnly = 1;
+constexpr unsigned char kVersion = 2;
+constexpr std::size_t kMaxParts = 16;
 constexpr std::size_t kHeaderSize = kMagic.size() + 1 + 4 + 4;
 // Far above any game; a larger length can only come from a spoilt header.
 constexpr std::uint32_t kMaxPlainLength = 64u << 20;
@@ -45,7 +48,9 @@ bool LooksCoded(std::string_view bytes) {
   return bytes.substr(0, kMagic.size()) == kMagic;
 }
 
-std::string EncodeText(std::string_view plain) {
+namespace {
+
+std::string Compress(std::string_view plain, unsigned char version) {
   if (plain.size() > kMaxPlainLength) throw std::runtime_error("The game text is too long to save");
   uLongf packedSize = compressBound(static_cast<uLong>(plain.size()));
   std::string packed(packedSize, '\0');
@@ -56,16 +61,17 @@ std::string EncodeText(std::string_view plain) {
   packed.resize(packedSize);
 
   std::string coded(kMagic);
-  coded += static_cast<char>(kVersion);
+  coded += static_cast<char>(version);
   PutNumber(coded, static_cast<std::uint32_t>(plain.size()));
   PutNumber(coded, Checksum(plain));
   return coded + packed;
 }
 
-std::string DecodeText(std::string_view coded) {
-  if (coded.size() < kHeaderSize || !LooksCoded(coded) ||
-      static_cast<unsigned char>(coded[kMagic.size()]) != kVersion)
-    throw std::runtime_error(kForeign);
+// The plain bytes and the version they are in.
+std::pair<std::string, unsigned char> Uncompress(std::string_view coded) {
+  if (coded.size() < kHeaderSize || !LooksCoded(coded)) throw std::runtime_error(kForeign);
+  const unsigned char version = static_cast<unsigned char>(coded[kMagic.size()]);
+  if (version != kTextOnly && version != kVersion) throw std::runtime_error(kForeign);
   std::uint32_t length = GetNumber(coded, kMagic.size() + 1);
   std::uint32_t checksum = GetNumber(coded, kMagic.size() + 5);
   if (length > kMaxPlainLength) throw std::runtime_error(kDamaged);
@@ -82,7 +88,43 @@ std::string DecodeText(std::string_view coded) {
     throw std::runtime_error(kDamaged);
   plain.resize(length);
   if (Checksum(plain) != checksum) throw std::runtime_error(kDamaged);
-  return plain;
+  return {std::move(plain), version};
+}
+
+}  // namespace
+
+std::string EncodeTexts(const std::vector<std::string>& parts) {
+  std::string plain;
+  for (const std::string& part : parts) {
+    if (part.size() > kMaxPlainLength) throw std::runtime_error("The game text is too long to save");
+    PutNumber(plain, static_cast<std::uint32_t>(part.size()));
+    plain += part;
+  }
+  return Compress(plain, kVersion);
+}
+
+std::vector<std::string> DecodeTexts(std::string_view coded) {
+  auto [plain, version] = Uncompress(coded);
+  if (version == kTextOnly) return {std::move(plain)};
+  std::vector<std::string> parts;
+  std::string_view rest = plain;
+  while (!rest.empty()) {
+    if (rest.size() < 4 || parts.size() == kMaxParts) throw std::runtime_error(kDamaged);
+    const std::uint32_t length = GetNumber(rest, 0);
+    if (length > rest.size() - 4) throw std::runtime_error(kDamaged);
+    parts.emplace_back(rest.substr(4, length));
+    rest.remove_prefix(4 + static_cast<std::size_t>(length));
+  }
+  if (parts.empty()) throw std::runtime_error(kDamaged);
+  return parts;
+}
+
+std::string EncodeText(std::string_view plain) {
+  return EncodeTexts({std::string(plain)});
+}
+
+std::string DecodeText(std::string_view coded) {
+  return DecodeTexts(coded).front();
 }
 
 std::string ReadFileBytes(const std::string& path) {

@@ -4,15 +4,23 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace varkesh {
 
 // True when bytes begin like a coded file; a plain game text never does.
 bool LooksCoded(std::string_view bytes);
 
-std::string EncodeText(std::string_view plain);
+// A coded file holds one or more texts: the game text first, then what a
+// newer version keeps beside it. Files of the first version hold the game
+// text alone.
+std::string EncodeTexts(const std::vector<std::string>& parts);
 // Throws std::runtime_error: "This file is not a Varkesh saved game" for bytes
 // of another kind, "This saved game is damaged" when the content is spoilt.
+std::vector<std::string> DecodeTexts(std::string_view coded);
+
+// The game text alone.
+std::string EncodeText(std::string_view plain);
 std::string DecodeText(std::string_view coded);
 
 // The same on files; the source is left in place and the target rewritten.

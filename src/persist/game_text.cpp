@@ -4,6 +4,10 @@
 #include <climits>
 #include <vector>
 
+#include "core/new_game_data.h"
+
+#include "core/new_game_data.h"
+
 namespace varkesh {
 
 namespace {
@@ -62,7 +66,7 @@ constexpr Range kPlayerKindRange{"player kind", kHuman, kDefensive};
 constexpr Range kTeamRange{"team", kNoTeam, kRed};
 constexpr Range kCoordinateRange{"coordinate", 0, kLastCoordinate};
 constexpr Range kPieceRange{"piece", -kKing, kKing};
-constexpr Range kMarkRange{"mark", kUnmarked, kMarkDestination};
+constexpr Range kMarkRange{"mark", 0, 2};  // none, a moveable piece, a destination
 constexpr Range kTerrainRange{"terrain", kOffBoard, kKeep};
 constexpr Range kRealmRange{"realm", kNoTeam, kRed};
 constexpr Range kPrisonerCountRange{"prisoner count", 0, INT_MAX};
@@ -85,6 +89,7 @@ class LineReader {
   explicit LineReader(std::string_view text) : lines_(SplitLines(text)) {}
 
   int LinesLeft() const { return static_cast<int>(lines_.size()) - next_; }
+  int LinesTaken() const { return next_; }
 
   std::string_view NextLine() {
     if (LinesLeft() <= 0) Fail("missing; the text ends after line " + std::to_string(next_), 1);
@@ -149,10 +154,51 @@ std::string ReadName(LineReader& reader) {
   return std::string(line.substr(1, line.size() - 2));
 }
 
-Game ReadStoredFields(std::string_view text) {
+struct StoredGame {
+  Position position;
+  Setup setup;
+  SquareMarks marks{};
+};
+
+// The board holds what play can lead to and nothing else: terrain as the
+// game lays it out, pieces only on the diamond, a team exactly where a piece
+// stands, and no more pieces than a dungeon can hold.
+void CheckBoard(const StoredGame& game, int lastLine) {
+  constexpr int kFirstSquareLine = 11;
+  Board laidOut;
+  LayOutTerrain(laidOut);
+  int pieces = 0;
+  for (int i = 0; i < kSquareCount; ++i) {
+    const Square& square = game.position.board.squares[static_cast<std::size_t>(i)];
+    const auto fail = [&](const std::string& problem) {
+      throw TextError{"line " + std::to_string(kFirstSquareLine + i) + ": square (" +
+                      std::to_string(i % kBoardSide) + ", " + std::to_string(i / kBoardSide) +
+                      ") " + problem};
+    };
+    if (square.terrain != laidOut.squares[static_cast<std::size_t>(i)].terrain)
+      fail("has a terrain the board does not have there");
+    if (square.terrain == kOffBoard && (square.realm != kNoTeam || square.piece != kNoPiece))
+      fail("lies off the board and holds something");
+    if ((square.team == kNoTeam) != (square.piece == kNoPiece))
+      fail("has a team without a piece or a piece without a team");
+    if (square.piece != kNoPiece) ++pieces;
+  }
+  for (const Dungeon& dungeon : game.position.dungeons) pieces += dungeon.PrisonerCount();
+  if (pieces > kMaxPrisoners)
+    throw TextError{"line " + std::to_string(lastLine) + ": the game holds " +
+                    std::to_string(pieces) + " pieces, more than " +
+                    std::to_string(kMaxPrisoners)};
+}
+
+std::int8_t Small(int value) {
+  return static_cast<std::int8_t>(value);
+}
+
+StoredGame ReadStoredFields(std::string_view text) {
   LineReader reader(text);
-  Game game;
-  game.gameName = ReadName(reader);
+  StoredGame stored;
+  Position& game = stored.position;
+  stored.setup.gameName = ReadName(reader);
 
   reader.NextFields(2);
   game.gameType = reader.Number(0, kGameTypeRange);
@@ -164,7 +210,7 @@ Game ReadStoredFields(std::string_view text) {
 
   for (int t = 0; t < kTeamCount; ++t) {
     reader.NextFields(3);
-    game.playerKinds[t] = reader.Number(0, kPlayerKindRange);
+    stored.setup.playerKinds[t] = reader.Number(0, kPlayerKindRange);
     game.castleRight[t] = reader.Boolean(1);
     game.kingdomFallen[t] = reader.Boolean(2);
   }
@@ -179,13 +225,14 @@ Game ReadStoredFields(std::string_view text) {
     move.wasCapture = reader.Boolean(5);
   }
 
-  for (Square& square : game.board.squares) {
+  for (std::size_t i = 0; i < game.board.squares.size(); ++i) {
+    Square& square = game.board.squares[i];
     reader.NextFields(5);
-    square.team = reader.Number(0, kTeamRange);
-    square.piece = reader.Number(1, kPieceRange);
-    square.mark = reader.Number(2, kMarkRange);
-    square.terrain = reader.Number(3, kTerrainRange);
-    square.realm = reader.Number(4, kRealmRange);
+    square.team = Small(reader.Number(0, kTeamRange));
+    square.piece = Small(reader.Number(1, kPieceRange));
+    stored.marks[i] = Small(reader.Number(2, kMarkRange));
+    square.terrain = Small(reader.Number(3, kTerrainRange));
+    square.realm = Small(reader.Number(4, kRealmRange));
   }
 
   for (Dungeon& dungeon : game.dungeons) {
@@ -194,39 +241,40 @@ Game ReadStoredFields(std::string_view text) {
     if (count > reader.LinesLeft())
       reader.Fail("prisoner count " + std::to_string(count) + " exceeds the " +
                   std::to_string(reader.LinesLeft()) + " lines that follow");
+    if (count > kMaxPrisoners)
+      reader.Fail("prisoner count " + std::to_string(count) + " is more than a dungeon holds");
     dungeon.prisoners.Clear();
-    dungeon.prisoners.Reserve(count);
     for (int i = 0; i < count; ++i) {
       reader.NextFields(2);
-      DungeonPiece prisoner;
-      prisoner.team = reader.Number(0, kTeamRange);
-      prisoner.piece = reader.Number(1, kPieceRange);
-      dungeon.prisoners.Add(prisoner);
+      dungeon.prisoners.Add(
+          {Small(reader.Number(0, kTeamRange)), Small(reader.Number(1, kPieceRange))});
     }
   }
 
   if (reader.LinesLeft() > 0) reader.Fail("extra line after the last dungeon", 1);
-  return game;
+  CheckBoard(stored, reader.LinesTaken());
+  return stored;
 }
 
 }  // namespace
 
-std::string WriteGameText(const Game& game) {
+std::string WriteGameText(const Position& game, const Setup& setup, const SquareMarks* marks) {
   LineWriter out;
-  out.Text(StorableName(game.gameName)).EndLine();
+  out.Text(StorableName(setup.gameName)).EndLine();
   out.Number(game.gameType).Number(game.kingCaptureRule).EndLine();
   out.Number(game.roundNumber).Number(game.currentTeam).EndLine();
-  for (int t = 0; t < kTeamCount; ++t) {
-    out.Number(game.playerKinds[t]).Boolean(game.castleRight[t]).Boolean(game.kingdomFallen[t]);
+  for (std::size_t t = 0; t < kTeamCount; ++t) {
+    out.Number(setup.playerKinds[t]).Boolean(game.castleRight[t]).Boolean(game.kingdomFallen[t]);
     out.EndLine();
   }
   for (const HistoryMove& move : game.history) {
     out.Number(move.team).Number(move.fromX).Number(move.fromY).Number(move.toX).Number(move.toY);
     out.Boolean(move.wasCapture).EndLine();
   }
-  for (const Square& square : game.board.squares) {
-    out.Number(square.team).Number(square.piece).Number(square.mark).Number(square.terrain);
-    out.Number(square.realm).EndLine();
+  for (std::size_t i = 0; i < game.board.squares.size(); ++i) {
+    const Square& square = game.board.squares[i];
+    out.Number(square.team).Number(square.piece).Number(marks ? (*marks)[i] : 0);
+    out.Number(square.terrain).Number(square.realm).EndLine();
   }
   for (const Dungeon& dungeon : game.dungeons) {
     out.Number(dungeon.PrisonerCount()).EndLine();
@@ -236,24 +284,16 @@ std::string WriteGameText(const Game& game) {
   return out.Take();
 }
 
-std::optional<std::string> ReadGameText(std::string_view text, Game& target) {
-  Game read;
+std::optional<std::string> ReadGameText(std::string_view text, Position& position, Setup& setup,
+                                        SquareMarks* marks) {
   try {
-    read = ReadStoredFields(text);
+    StoredGame read = ReadStoredFields(text);
+    position = read.position;
+    setup = std::move(read.setup);
+    if (marks) *marks = read.marks;
   } catch (const TextError& error) {
     return error.message;
   }
-  target.board = read.board;
-  target.dungeons = std::move(read.dungeons);
-  target.history = read.history;
-  target.gameType = read.gameType;
-  target.kingCaptureRule = read.kingCaptureRule;
-  target.gameName = std::move(read.gameName);
-  target.playerKinds = read.playerKinds;
-  target.roundNumber = read.roundNumber;
-  target.currentTeam = read.currentTeam;
-  target.castleRight = read.castleRight;
-  target.kingdomFallen = read.kingdomFallen;
   return std::nullopt;
 }
 

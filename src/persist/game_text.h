@@ -6,15 +6,20 @@
 #include <string>
 #include <string_view>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh {
 
-std::string WriteGameText(const Game& game);
+// The text of a position with its setup; the marks shown on the board, or
+// none.
+std::string WriteGameText(const Position& position, const Setup& setup,
+                          const SquareMarks* marks = nullptr);
 
-// Reads the stored fields of a game into target. On any departure from the
-// layout it returns the problem, naming the line, and leaves target untouched;
-// fields that a saved game does not hold are never changed.
-std::optional<std::string> ReadGameText(std::string_view text, Game& target);
+// Reads a game text. On any departure from the layout it returns the
+// problem, naming the line, and leaves position and setup untouched. The
+// marks mean nothing once a game is loaded: they are checked, and kept only
+// for a caller that asks for them.
+std::optional<std::string> ReadGameText(std::string_view text, Position& position, Setup& setup,
+                                        SquareMarks* marks = nullptr);
 
 }  // namespace varkesh

@@ -48,7 +48,7 @@ const char* PlayerLabel(int playerKind) {
 }
 
 int TeamOn(const Game& game, int x, int y) {
-  return Board::InBounds(x, y) ? game.board.at(x, y).team : kNoTeam;
+  return Board::InBounds(x, y) ? game.match.position.board.at(x, y).team : kNoTeam;
 }
 
 bool IsTeam(int team) {
@@ -61,12 +61,12 @@ BoardView::BoardView(Gdi& gdi, GeneralEngine& engine, const BoardArt& art, Board
     : gdi_(gdi), engine_(engine), art_(art), hooks_(std::move(hooks)) {}
 
 void BoardView::DrawBoardWithPieces(Game& game) {
-  if (!game.boardChanged) return;
+  if (!game.view.boardChanged) return;
   gdi_.Blit(art_.board, 0, 0, gdi_.PictureWidth(art_.board), gdi_.PictureHeight(art_.board),
             art_.boardCanvas, 0, 0, RasterOp::Copy);
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
-      const Square& square = game.board.at(x, y);
+      const Square& square = game.match.position.board.at(x, y);
       if (square.team == kNoTeam || square.piece == kNoPiece) continue;
       PixelPoint sprite = SpriteCell(square.team, square.piece);
       PixelPoint at = PieceCorner(x, y);
@@ -83,14 +83,14 @@ void BoardView::DrawBoardWithPieces(Game& game) {
   gdi_.Blit(art_.boardCanvas, 0, 0, gdi_.PictureWidth(art_.boardCanvas),
             gdi_.PictureHeight(art_.boardCanvas), art_.backBuffer, 0, 0, RasterOp::Copy);
   DrawPlayerNames(game);
-  if (game.gameMode == ModeNoGame) DrawWaitingNote();
-  game.viewChanged = true;
+  if (game.turn.gameMode == ModeNoGame) DrawWaitingNote();
+  game.view.viewChanged = true;
 }
 
 void BoardView::DrawPlayerNames(const Game& game) {
   for (int team = 1; team <= kTeamCount; ++team) {
     PixelPoint at = kNamePlaces[static_cast<std::size_t>(team - 1)];
-    const int kind = TeamEntry(game.playerKinds, team);
+    const int kind = TeamEntry(game.match.setup.playerKinds, team);
     std::string name =
         kind == kHuman && hooks_.seatPlayerName ? hooks_.seatPlayerName(game, team) : std::string();
     if (name.empty()) name = PlayerLabel(kind);
@@ -113,14 +113,14 @@ void BoardView::ShowHistory(Game& game) {
   auto draw = [&](const HistoryMove& move) {
     if (move.Empty()) return;
     DrawHistoricMove(move.fromX, move.fromY, move.toX, move.toY, move.team, move.wasCapture);
-    game.viewChanged = true;
+    game.view.viewChanged = true;
   };
   // Oldest first, so that the newest lies on top.
   if (checked(Menu::History3)) {
-    draw(game.history[2]);
-    draw(game.history[1]);
+    draw(game.match.position.history[2]);
+    draw(game.match.position.history[1]);
   }
-  if (checked(Menu::History1) || checked(Menu::History3)) draw(game.history[0]);
+  if (checked(Menu::History1) || checked(Menu::History3)) draw(game.match.position.history[0]);
 }
 
 void BoardView::DrawHistoricMove(int fromX, int fromY, int toX, int toY, int team,
@@ -130,9 +130,9 @@ void BoardView::DrawHistoricMove(int fromX, int fromY, int toX, int toY, int tea
 }
 
 void BoardView::DrawDungeons(Game& game) {
-  if (!game.boardChanged) return;
+  if (!game.view.boardChanged) return;
   for (int team = 1; team <= kTeamCount; ++team) {
-    const Dungeon& dungeon = game.dungeons[static_cast<std::size_t>(team - 1)];
+    const Dungeon& dungeon = game.match.position.dungeons[static_cast<std::size_t>(team - 1)];
     for (int i = 1; i <= dungeon.PrisonerCount(); ++i) {
       PixelPoint sprite = SpriteCell(dungeon.prisoners[i].team, dungeon.prisoners[i].piece);
       PixelPoint at = DungeonPlace(team, i);
@@ -140,11 +140,11 @@ void BoardView::DrawDungeons(Game& game) {
                       0, 0, art_.backBuffer, at.x, at.y);
     }
   }
-  game.viewChanged = true;
+  game.view.viewChanged = true;
 }
 
 void BoardView::DrawSquares(Game& game) {
-  if (!hooks_.isMenuChecked(Menu::OptionIndicator) || game.moveablePieces.Count() < 1) return;
+  if (!hooks_.isMenuChecked(Menu::OptionIndicator) || game.view.moveablePieces.Count() < 1) return;
   // A strobe nobody can see is not drawn; it comes back with the window.
   if (!gdi_.ViewSeen(art_.view)) return;
   double now = hooks_.clock();
@@ -155,12 +155,12 @@ void BoardView::DrawSquares(Game& game) {
             gdi_.PictureHeight(art_.squareBase), art_.squareCanvas, 0, 0, RasterOp::And);
   int width = gdi_.PictureWidth(art_.squareCanvas);
   int height = gdi_.PictureHeight(art_.squareCanvas);
-  for (const BoardSquare& square : game.moveablePieces) {
+  for (const BoardSquare& square : game.view.moveablePieces) {
     PixelPoint at = SquareCorner(square.x, square.y);
     gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0, art_.backBuffer,
                     at.x, at.y);
   }
-  game.viewChanged = true;
+  game.view.viewChanged = true;
   strobeLastDrawn_ = now;
 }
 
@@ -168,7 +168,7 @@ void BoardView::DrawSelection(Game& game, int x, int y, bool preview) {
   int row = preview ? kPreviewRow : MarkerRow(TeamOn(game, x, y));
   PixelPoint at = SquareCorner(x, y);
   DrawMarker(kMoveStartCell, row, at.x, at.y);
-  game.viewChanged = true;
+  game.view.viewChanged = true;
 }
 
 void BoardView::DrawMove(Game& game, int fromX, int fromY, int toX, int toY, bool preview) {
@@ -178,7 +178,7 @@ void BoardView::DrawMove(Game& game, int fromX, int fromY, int toX, int toY, boo
   bool capture = target != kNoTeam && target != mover;
   DrawMoveMarkers(fromX, fromY, toX, toY, preview ? kPreviewRow : MarkerRow(mover),
                   capture ? kCaptureEndCell : kMoveEndCell);
-  game.viewChanged = true;
+  game.view.viewChanged = true;
 }
 
 void BoardView::DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell) {
@@ -260,19 +260,19 @@ void BoardView::DrawVictory(const Game& game) {
     gdi_.MaskedBlit(art_.victoryWords, 0, team * kBannerHeight, kBannerWidth, kBannerHeight,
                     art_.victoryWords, 0, 0, art_.backBuffer, x, kBannerY);
   };
-  if (IsTeam(game.coWinner)) {
-    banner(game.winner, 15);
-    banner(game.coWinner, 330);
+  if (IsTeam(game.match.position.coWinner)) {
+    banner(game.match.position.winner, 15);
+    banner(game.match.position.coWinner, 330);
   } else {
-    banner(game.winner, 165);
+    banner(game.match.position.winner, 165);
   }
 }
 
 void BoardView::DrawVictoryFlags(const Game& game, int winnerFrame, int coWinnerFrame) {
   gdi_.Blit(art_.victory, kFlagCorner.x, kFlagBackdropSourceY, kFlagBackdropWidth,
             kFlagBackdropHeight, art_.backBuffer, kFlagCorner.x, kFlagCorner.y, RasterOp::Copy);
-  DrawFlag(game.winner, winnerFrame, kFlagCorner.y);
-  if (coWinnerFrame >= 0) DrawFlag(game.coWinner, coWinnerFrame, kCoWinnerFlagY);
+  DrawFlag(game.match.position.winner, winnerFrame, kFlagCorner.y);
+  if (coWinnerFrame >= 0) DrawFlag(game.match.position.coWinner, coWinnerFrame, kCoWinnerFlagY);
 }
 
 void BoardView::DrawFlag(int team, int frame, int y) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "core/outside.h"
+#include "flow/outside.h"
 #include "engine/gdi.h"
 #include "flow/game_view.h"
 #include "ui/board_art.h"

@@ -192,7 +192,7 @@ void ChatWindow::SetSeatCaptions(const PerTeam<std::string>& captions) {
   for (std::size_t i = 0; i < playerNames_.size(); ++i)
     playerNames_[i]->setText(QString::fromStdString(captions[i]));
   // The board writes the same names beside the keeps.
-  game_.boardChanged = true;
+  game_.view.boardChanged = true;
 }
 
 void ChatWindow::SetChatEnabled(bool enabled) {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <string>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "net/net_view.h"
 
 class QLabel;

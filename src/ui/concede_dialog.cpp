@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh {
 

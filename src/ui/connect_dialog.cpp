@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <limits>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "net/wire.h"
 
 namespace varkesh {
@@ -71,7 +71,7 @@ ConnectDialog::ConnectDialog(Game& game, QWidget* owner) : QDialog(owner), game_
   cancel->setObjectName("cmdCancel");
   connect(connect_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(this, &QDialog::rejected, this, [this] { game_.netRole = kNetNone; });
+  connect(this, &QDialog::rejected, this, [this] { game_.net.netRole = kNetNone; });
   for (QLineEdit* edit : {name_, port_, address_})
     connect(edit, &QLineEdit::textChanged, this, &ConnectDialog::UpdateConnectButton);
 
@@ -89,7 +89,7 @@ ConnectDialog::ConnectDialog(Game& game, QWidget* owner) : QDialog(owner), game_
 }
 
 bool ConnectDialog::Hosting() const {
-  return game_.netRole == kNetHostDialog;
+  return game_.net.netRole == kNetHostDialog;
 }
 
 void ConnectDialog::UpdateConnectButton() {

@@ -24,7 +24,7 @@ class ConnectDialog : public QDialog {
   Q_OBJECT
 
  public:
-  // game.netRole tells hosting (1) from joining (3); cancel sets it back to 0.
+  // game.net.netRole tells hosting (1) from joining (3); cancel sets it back to 0.
   ConnectDialog(Game& game, QWidget* owner);
 
   ConnectChoice Choice() const;

@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <QUrl>
 
-#include "core/resign.h"
+#include "flow/resign.h"
 #include "engine/general_engine.h"
 #include "flow/error_handler.h"
 #include "flow/new_game.h"
@@ -128,8 +128,8 @@ void MainWindow::OpenLogFolder() {
 
 void MainWindow::ShowAbout() {
   // A second About keeps the way back to where the player was.
-  if (game_.gameMode != ModeTitle) game_.modeAfterTitle = game_.gameMode;
-  game_.gameMode = ModeTitle;
+  if (game_.turn.gameMode != ModeTitle) game_.turn.modeAfterTitle = game_.turn.gameMode;
+  game_.turn.gameMode = ModeTitle;
 }
 
 void MainWindow::BuildMenus() {
@@ -163,14 +163,14 @@ void MainWindow::BuildNetPlayMenu() {
 
 void MainWindow::OpenNetPlay(int role) {
   // The menu is off while a session lasts; its keys may still come.
-  if (netPlay_ && netPlay_->IsOpen() && game_.netRole != kNetNone) return;
+  if (netPlay_ && netPlay_->IsOpen() && game_.net.netRole != kNetNone) return;
   // What is left of a host that could not listen gives way to the new one.
   EndNetPlay();
-  game_.netRole = role;
+  game_.net.netRole = role;
   ConnectDialog dialog(game_, this);
   CentreOnOwner(dialog, this);
   dialog.exec();
-  if (game_.netRole == kNetNone) return;
+  if (game_.net.netRole == kNetNone) return;
   netPlay_ = std::make_unique<NetPlaySession>(game_, *outside_, *this, services_.settings,
                                               dialog.Choice());
   // Destroyed from the event loop: the window that ends it is still in its
@@ -208,7 +208,7 @@ void MainWindow::BuildOptionsMenu() {
   }
   // The strobe shows or goes at once, so the board is drawn anew.
   connect(menus_[Menu::OptionIndicator], &QAction::triggered, this,
-          [this] { game_.boardChanged = true; });
+          [this] { game_.view.boardChanged = true; });
 
   menu->addSeparator()->setObjectName("mnuOptionsUL1");
   auto* history = new QActionGroup(this);
@@ -223,7 +223,7 @@ void MainWindow::BuildOptionsMenu() {
     action->setCheckable(true);
     history->addAction(action);
     menus_[entry.id] = action;
-    connect(action, &QAction::triggered, this, [this] { game_.boardChanged = true; });
+    connect(action, &QAction::triggered, this, [this] { game_.view.boardChanged = true; });
   }
   menus_[Menu::History0]->setChecked(true);
 }
@@ -289,7 +289,7 @@ void MainWindow::LayOutInnerArea() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!game_.gameSaved &&
+  if (!game_.turn.gameSaved &&
       !outside_->AskYesNo("Exit without Saving?",
                           "The current game is not saved ... are you sure you wish to quit "
                           "without saving the current one?\n\n"
@@ -299,7 +299,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   // The main loop ends the run at the end of its present pass.
-  game_.quitRequested = true;
+  game_.turn.quitRequested = true;
   event->accept();
 }
 

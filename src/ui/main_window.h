@@ -8,8 +8,8 @@
 #include <map>
 #include <memory>
 
-#include "core/game.h"
-#include "core/outside.h"
+#include "flow/game.h"
+#include "flow/outside.h"
 #include "ui/qt_outside.h"
 
 class QAction;

@@ -18,16 +18,16 @@ NetPlaySession::NetPlaySession(Game& game, Outside& outside, MainWindow& owner,
   window_->Attach(node_.get());
   connect(window_.get(), &ChatWindow::Closed, this, &NetPlaySession::End);
 
-  game.localPlayerName = choice.playerName;
+  game.net.localPlayerName = choice.playerName;
   session_->netPort = choice.port;
-  const bool hosting = game.netRole == kNetHostDialog;
+  const bool hosting = game.net.netRole == kNetHostDialog;
   if (!hosting) {
     session_->hostAddress = choice.hostAddress;
     window_->HideHostControls();
     // A client without a game waits on the title, which says so.
-    if (game.gameMode == ModeNoGame) {
-      game.modeAfterTitle = ModeNoGame;
-      game.gameMode = ModeTitle;
+    if (game.turn.gameMode == ModeNoGame) {
+      game.turn.modeAfterTitle = ModeNoGame;
+      game.turn.gameMode = ModeTitle;
     }
   }
   window_->show();
@@ -56,7 +56,7 @@ void NetPlaySession::End() {
   net::CloseSession(*node_);
   open_ = false;
   // The board's names and notes go back to those of a game on one machine.
-  node_->game.boardChanged = true;
+  node_->game.view.boardChanged = true;
   emit Ended();
 }
 

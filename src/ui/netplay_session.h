@@ -24,7 +24,7 @@ class NetPlaySession : public QObject {
   Q_OBJECT
 
  public:
-  // Opens as host or as client by game.netRole (1 or 3), with the choices of
+  // Opens as host or as client by game.net.netRole (1 or 3), with the choices of
   // the connect dialog, and shows the window.
   NetPlaySession(Game& game, Outside& outside, MainWindow& owner, SettingsStore* settings,
                  const ConnectChoice& choice);

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <array>
 
-#include "core/outside.h"
+#include "flow/outside.h"
 
 class QComboBox;
 class QLineEdit;

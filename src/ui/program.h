@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "engine/general_engine.h"
 #include "engine/sound.h"
 #include "persist/pack_reader.h"

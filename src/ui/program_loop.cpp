@@ -29,7 +29,7 @@ void LoadGameOfCommandLine(Program& program, const CommandLine& commandLine) {
     return;
   }
   LoadGame(program.game, outside, *found);
-  if (program.game.gameMode == ModeTitle) {
+  if (program.game.turn.gameMode == ModeTitle) {
     outside.ShowMessage("Varkesh", "The saved game '" + path +
                                        "' could not be loaded: it is damaged or not a "
                                        "Varkesh game.\n\nVarkesh starts without it.");
@@ -58,15 +58,15 @@ void ProgramLoop::Tick() {
   Game& game = program_.game;
   MainWindow& window = *program_.window;
   // The system ends the session: no question about an unsaved game can be answered.
-  if (StopSignalled()) game.quitRequested = true;
+  if (StopSignalled()) game.turn.quitRequested = true;
   // Paused, or a menu command waits in its dialog: only events run.
-  if (!game.quitRequested && !game.paused && !window.CommandRunning()) {
+  if (!game.turn.quitRequested && !game.turn.paused && !window.CommandRunning()) {
     NetPlaySession* netPlay = window.netPlay();
     if (netPlay != nullptr && netPlay->IsOpen()) net::ServeGameQueue(netPlay->node());
     RunPass(game, window.outside(), *program_.view);
   }
   window.view().SyncPauseCaption();
-  if (game.quitRequested) {
+  if (game.turn.quitRequested) {
     End();
     return;
   }

@@ -2,7 +2,7 @@
 // labels and menus of the main window, sound, and the clock.
 #pragma once
 
-#include "core/outside.h"
+#include "flow/outside.h"
 
 namespace varkesh {
 

@@ -88,14 +88,14 @@ void StartDrawing(Program& program) {
 
 std::string SeatName(MainWindow& window, const Game& game, int team) {
   NetPlaySession* netPlay = window.netPlay();
-  if (netPlay == nullptr || game.netRole == kNetNone) return "";
+  if (netPlay == nullptr || game.net.netRole == kNetNone) return "";
   return net::SeatPlayerName(game, netPlay->session(), team);
 }
 
 // A client that has joined sees no game until the host starts or loads one.
 std::string WaitingNote(const Game& game) {
-  const bool client = game.netRole == kNetConnectDialog || game.netRole == kNetClient;
-  if (!client || (game.gameMode != ModeTitle && game.gameMode != ModeNoGame)) return "";
+  const bool client = game.net.netRole == kNetConnectDialog || game.net.netRole == kNetClient;
+  if (!client || (game.turn.gameMode != ModeTitle && game.turn.gameMode != ModeNoGame)) return "";
   return "Waiting for the host to start or load a game ...";
 }
 

@@ -47,11 +47,11 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   const QRect inner = contentsRect();
   if (!inner.contains(event->position().toPoint())) return;  // on the border
   const QPointF at = event->position() - QPointF(inner.topLeft());
-  game_.clickLeft = event->button() == Qt::LeftButton;
-  game_.clickRight = event->button() == Qt::RightButton;
-  game_.clickPending = true;
-  game_.clickX = SquareOfClick(at.x(), inner.width());
-  game_.clickY = SquareOfClick(at.y(), inner.height());
+  game_.view.clickLeft = event->button() == Qt::LeftButton;
+  game_.view.clickRight = event->button() == Qt::RightButton;
+  game_.view.clickPending = true;
+  game_.view.clickX = SquareOfClick(at.x(), inner.width());
+  game_.view.clickY = SquareOfClick(at.y(), inner.height());
 }
 
 bool ViewWidget::Seen() const {
@@ -87,12 +87,12 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
 }
 
 void ViewWidget::TogglePause() {
-  game_.paused = !game_.paused;
+  game_.turn.paused = !game_.turn.paused;
   SyncPauseCaption();
 }
 
 void ViewWidget::SyncPauseCaption() {
-  const QString caption = game_.paused ? kResumeCaption : kPauseCaption;
+  const QString caption = game_.turn.paused ? kResumeCaption : kPauseCaption;
   if (pause_->text() != caption) pause_->setText(caption);
 }
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <utility>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "engine/gdi.h"
 
 class QLabel;
@@ -30,7 +30,7 @@ class ViewWidget : public QFrame {
 
   QPushButton& PauseButton() { return *pause_; }
   QLabel& FrameRateLabel() { return *frameRate_; }
-  // Keeps the caption in step with game.paused, which the logic also sets.
+  // Keeps the caption in step with game.turn.paused, which the logic also sets.
   void SyncPauseCaption();
 
   // The square of a click at pixel position (pos) of an inner area of

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "core/new_game_data.h"
 #include "support/scripted_outside.h"
 
@@ -16,15 +16,15 @@ struct Placed {
 
 inline Game EmptyGame(int gameType, const std::vector<Placed>& pieces = {}) {
   Game game;
-  game.gameType = gameType;
+  game.match.position.gameType = gameType;
   game.random = Random::Zero();
-  game.playerKinds = {kBalanced, kBalanced, kBalanced, kBalanced};
-  LayOutTerrain(game.board);
+  game.match.setup.playerKinds = {kBalanced, kBalanced, kBalanced, kBalanced};
+  LayOutTerrain(game.match.position.board);
   for (const Placed& p : pieces) {
-    game.board.at(p.x, p.y).team = p.team;
-    game.board.at(p.x, p.y).piece = p.piece;
+    game.match.position.board.at(p.x, p.y).team = p.team;
+    game.match.position.board.at(p.x, p.y).piece = p.piece;
   }
-  game.scratchBoard = game.board;
+  game.scratchBoard = game.match.position.board;
   return game;
 }
 

@@ -15,7 +15,7 @@ namespace {
 using Sounds = std::vector<std::string>;
 
 void Play(Game& game, Outside& outside, int fromX, int fromY, int toX, int toY) {
-  std::tie(game.moveFromX, game.moveFromY, game.moveToX, game.moveToY) =
+  std::tie(game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY) =
       std::tie(fromX, fromY, toX, toY);
   CarryOutAImove(game, outside);
 }
@@ -25,20 +25,20 @@ void Play(Game& game, Outside& outside, int fromX, int fromY, int toX, int toY) 
 TEST(CarryOutAImove, PawnOptionWithoutDialogMessageOrDraw) {
   Game game = test::EmptyGame(
       kAlliedNeighbors, {{8, 3, kWhite, kPawn}, {7, 1, kBlack, kQueen}, {9, 1, kBlack, kKing}});
-  game.netRole = kNetHosting;
+  game.net.netRole = kNetHosting;
   game.pendingMoveMessage = "untouched";
-  game.clickPending = true;
+  game.view.clickPending = true;
   game.random = Random(5);
   ScriptedOutside outside;
   Play(game, outside, 8, 3, 8, 2);
-  EXPECT_EQ(game.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kQueen}));
+  EXPECT_EQ(game.match.position.dungeons[0].prisoners[1], (DungeonPiece{kBlack, kQueen}));
   EXPECT_EQ(outside.sounds, (Sounds{"sfx_click", "sfx_capturequeen"}));
   EXPECT_TRUE(outside.pawnOptionDialogs.empty() && outside.sent.empty());
   EXPECT_EQ(game.pendingMoveMessage, "untouched");
   EXPECT_EQ(game.random.Next(), Random(5).Next());
-  EXPECT_TRUE(game.clickPending);
-  EXPECT_FALSE(game.gameSaved);
-  EXPECT_EQ(game.gameMode, ModeComputerThinks);  // Blue's turn
+  EXPECT_TRUE(game.view.clickPending);
+  EXPECT_FALSE(game.turn.gameSaved);
+  EXPECT_EQ(game.turn.gameMode, ModeComputerThinks);  // Blue's turn
 }
 
 // Black keeps four pawns after losing one, so its King goes.
@@ -48,23 +48,23 @@ TEST(CarryOutAImove, LackOfMaterialIsToldOnlyToAHumanVictimEvenInANetworkGame) {
       {7, 3, kBlack, kPawn},   {8, 3, kBlack, kPawn}, {9, 3, kBlack, kPawn}};
   for (auto [victim, messages] : {std::pair{kHuman, 1u}, {kDefensive, 0u}}) {
     Game game = test::EmptyGame(kAlliedNeighbors, pieces);
-    game.playerKinds[2] = victim;
-    game.netRole = kNetHosting;
+    game.match.setup.playerKinds[2] = victim;
+    game.net.netRole = kNetHosting;
     ScriptedOutside outside;
     Play(game, outside, 8, 8, 9, 6);
-    EXPECT_TRUE(game.kingdomFallen[2]);
+    EXPECT_TRUE(game.match.position.kingdomFallen[2]);
     EXPECT_EQ(outside.messages.size(), messages);
   }
 }
 
 TEST(CarryOutAImove, LastKingOfASideEndsTheGameWithoutPassingTheTurn) {
   Game game = test::EmptyGame(kAlliedNeighbors, {{7, 3, kWhite, kPawn}, {8, 2, kBlack, kKing}});
-  game.kingdomFallen[3] = true;
+  game.match.position.kingdomFallen[3] = true;
   ScriptedOutside outside;
   outside.SetMenuEnabled(Menu::Resign, true);
   Play(game, outside, 7, 3, 8, 2);
-  EXPECT_EQ(game.gameMode, ModeVictorySetUp);
-  EXPECT_EQ(game.currentTeam, kWhite);
+  EXPECT_EQ(game.turn.gameMode, ModeVictorySetUp);
+  EXPECT_EQ(game.match.position.currentTeam, kWhite);
   EXPECT_TRUE(outside.IsMenuEnabled(Menu::Resign));
 }
 
@@ -75,10 +75,10 @@ TEST(CarryOutAImove, AKingdomJustGainedIsNotRaided) {
       kAnarchy, {{7, 3, kWhite, kPawn}, {8, 2, kBlack, kKing}, {8, 1, kBlack, kQueen}});
   ScriptedOutside outside;
   Play(game, outside, 7, 3, 8, 2);
-  EXPECT_EQ(game.board.at(8, 1), (Square{kWhite, kQueen, 0, kKeep, kWhite}));
-  EXPECT_EQ(game.board.at(8, 2).team, kWhite);
-  EXPECT_EQ(game.board.at(8, 2).piece, kPawn);
-  EXPECT_EQ(game.dungeons[0].prisoners.Count(), 1);  // only the King
+  EXPECT_EQ(game.match.position.board.at(8, 1), (Square{kWhite, kQueen, 0, kKeep, kWhite}));
+  EXPECT_EQ(game.match.position.board.at(8, 2).team, kWhite);
+  EXPECT_EQ(game.match.position.board.at(8, 2).piece, kPawn);
+  EXPECT_EQ(game.match.position.dungeons[0].prisoners.Count(), 1);  // only the King
 }
 
 using Prisoners = std::vector<DungeonPiece>;
@@ -87,16 +87,16 @@ using Prisoners = std::vector<DungeonPiece>;
 std::pair<Game, Sounds> RaidKeep(int gameType, const std::vector<test::Placed>& pieces,
                                  const Prisoners& blacksPrisoners = {}) {
   Game game = test::EmptyGame(gameType, pieces);
-  for (const DungeonPiece& prisoner : blacksPrisoners) game.dungeons[2].prisoners.Add(prisoner);
-  game.currentTeam = pieces.front().team;
-  std::tie(game.moveToX, game.moveToY) = std::pair{pieces.front().x, pieces.front().y};
+  for (const DungeonPiece& prisoner : blacksPrisoners) game.match.position.dungeons[2].prisoners.Add(prisoner);
+  game.match.position.currentTeam = pieces.front().team;
+  std::tie(game.turn.moveToX, game.turn.moveToY) = std::pair{pieces.front().x, pieces.front().y};
   ScriptedOutside outside;
   AIpawnOptions(game, outside);
   return {game, outside.sounds};
 }
 
 Prisoners HeldBy(const Game& game, int holder) {
-  const auto& held = game.dungeons[static_cast<std::size_t>(holder - 1)].prisoners;
+  const auto& held = game.match.position.dungeons[static_cast<std::size_t>(holder - 1)].prisoners;
   return {held.begin(), held.end()};
 }
 

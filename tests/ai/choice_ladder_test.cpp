@@ -149,7 +149,7 @@ TEST_F(AiLogFile, OneTurnLineByLine) {
                                             {11, 9, kBlack, kPawn}, {8, 1, kBlack, kQueen},
                                             {8, 6, kBlue, kRook}};
   Game game = test::EmptyGame(kAlliedNeighbors, pieces);
-  game.playerKinds = {kAggressive, kHuman, kHuman, kHuman};
+  game.match.setup.playerKinds = {kAggressive, kHuman, kHuman, kHuman};
   EXPECT_EQ(ChooseAImove(game, outside_).index, 2);
   const std::string weak = "          Give Weak Threat at 8, 1: 83 (Black Queen)";
   const std::string byQueen = "               *** Threat from Black Queen at 8,1";
@@ -183,14 +183,14 @@ TEST_F(AiLogFile, OneTurnLineByLine) {
 TEST_F(AiLogFile, FromLevelThreeATurnAtATime) {
   outside_.engine.logLevel = 2;
   Game game = test::EmptyGame(kAlliedNeighbors);
-  game.playerKinds = {kDefensive, kHuman, kHuman, kHuman};
+  game.match.setup.playerKinds = {kDefensive, kHuman, kHuman, kHuman};
   LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
   ChooseAImove(game, outside_);
   EXPECT_FALSE(std::filesystem::exists(folder_.File("ai.log")));
 
   outside_.engine.logLevel = 3;
   ChooseAImove(game, outside_);
-  game.currentTeam = kBlue;
+  game.match.position.currentTeam = kBlue;
   EXPECT_EQ(ChooseAImove(game, outside_).index, 0);
   const std::vector<std::string> lines = LogLines(folder_);
   ASSERT_GE(lines.size(), 4u);

@@ -60,8 +60,8 @@ TEST(ThreatTests, OddCases) {
 bool Advances(int gameType, int team, PerTeam<bool> fallen, int fromX, int fromY, int toX,
               int toY) {
   Game game = test::EmptyGame(gameType);
-  game.currentTeam = team;
-  game.kingdomFallen = fallen;
+  game.match.position.currentTeam = team;
+  game.match.position.kingdomFallen = fallen;
   return AdvancesPawn(game, fromX, fromY, toX, toY);
 }
 
@@ -85,9 +85,9 @@ ScoreSummary Score(Game& game, const std::vector<MoveRec>& moves, int personalit
                    Outside& outside) {
   game.moveList.Clear();
   for (const MoveRec& move : moves) game.moveList.Add(move);
-  const Board before = game.board;
+  const Board before = game.match.position.board;
   const ScoreSummary summary = ScoreAiMoves(game, outside, personality, AiLog{});
-  EXPECT_TRUE(game.board.squares == before.squares) << "moves are played on the scratch board";
+  EXPECT_TRUE(game.match.position.board.squares == before.squares) << "moves are played on the scratch board";
   return summary;
 }
 

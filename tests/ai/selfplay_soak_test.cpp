@@ -13,8 +13,8 @@ namespace {
 // Pieces only on the board, each with a team, and at most one King a team.
 ::testing::AssertionResult BoardHolds(const Game& game) {
   std::array<int, kRed + 1> kings{};
-  for (std::size_t i = 0; i < game.board.squares.size(); ++i) {
-    const Square& square = game.board.squares[i];
+  for (std::size_t i = 0; i < game.match.position.board.squares.size(); ++i) {
+    const Square& square = game.match.position.board.squares[i];
     const bool occupied = square.piece != kNoPiece;
     if ((square.team == kNoTeam) == occupied ||
         (occupied && (square.terrain == kOffBoard || TeamIndex(square.team) < 0)) ||
@@ -45,24 +45,24 @@ TEST(SelfPlaySoak, SeededGamesEndOrReachTheRoundLimitWithTheBoardSound) {
     Game game;
     game.random.Seed(static_cast<std::uint64_t>(seed));
     NewGameCommand(game, outside);
-    ASSERT_EQ(game.gameMode, ModeComputerThinks);
-    for (std::size_t i = 0; thin && i < game.board.squares.size(); ++i) {
-      Square& square = game.board.squares[i];
+    ASSERT_EQ(game.turn.gameMode, ModeComputerThinks);
+    for (std::size_t i = 0; thin && i < game.match.position.board.squares.size(); ++i) {
+      Square& square = game.match.position.board.squares[i];
       if (square.piece == kBishop || square.piece == kRook || (i % 2 == 1 && square.piece != kKing))
         square = {kNoTeam, kNoPiece, square.mark, square.terrain, square.realm};
     }
 
     GameView view;
-    while ((game.gameMode == ModeComputerThinks || game.gameMode == ModeComputerMoves) &&
-           game.roundNumber <= roundLimit) {
+    while ((game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves) &&
+           game.match.position.roundNumber <= roundLimit) {
       RunPass(game, outside, view);
-      ASSERT_TRUE(BoardHolds(game)) << "round " << game.roundNumber;
+      ASSERT_TRUE(BoardHolds(game)) << "round " << game.match.position.roundNumber;
     }
     for (const ScriptedOutside::Message& message : outside.messages)
       ADD_FAILURE() << message.title << ": " << message.text;
-    const bool won = game.gameMode == ModeVictorySetUp;
+    const bool won = game.turn.gameMode == ModeVictorySetUp;
     finished += won ? 1 : 0;
-    EXPECT_TRUE(won ? game.winner > kNoTeam : game.roundNumber > roundLimit);
+    EXPECT_TRUE(won ? game.match.position.winner > kNoTeam : game.match.position.roundNumber > roundLimit);
   }
   EXPECT_GE(finished, 12) << "the thinned games do come to an end";
 }

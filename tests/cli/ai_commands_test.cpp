@@ -31,9 +31,9 @@ class AiCommands : public ::testing::Test {
   // The start position, with White's pieces frozen when asked.
   std::string Write(const std::string& name, PerTeam<int> players, bool frozen = false) const {
     Game game;
-    game.playerKinds = players;
+    game.match.setup.playerKinds = players;
     LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
-    for (Square& square : game.board.squares)
+    for (Square& square : game.match.position.board.squares)
       if (frozen && square.team == kWhite) square.piece = -square.piece;
     testing::PutFile(folder_.File(name), WriteGameText(game));
     return "'" + folder_.File(name) + "' ";

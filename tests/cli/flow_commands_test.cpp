@@ -59,27 +59,27 @@ class CliCommandsTest : public ::testing::Test {
 };
 
 int Pieces(const Game& game, int team) {
-  return static_cast<int>(std::count_if(game.board.squares.begin(), game.board.squares.end(),
+  return static_cast<int>(std::count_if(game.match.position.board.squares.begin(), game.match.position.board.squares.end(),
                                         [&](const Square& square) { return square.team == team; }));
 }
 
 TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHoldsTheSeat) {
   Game game = Played("new");
-  EXPECT_EQ(game.gameName, "Varkesh Game");
-  EXPECT_EQ(game.gameType, kAlliedNeighbors);
-  EXPECT_EQ(game.kingCaptureRule, kKingdomGained);
+  EXPECT_EQ(game.match.setup.gameName, "Varkesh Game");
+  EXPECT_EQ(game.match.position.gameType, kAlliedNeighbors);
+  EXPECT_EQ(game.match.position.kingCaptureRule, kKingdomGained);
   for (int team = kWhite; team <= kRed; ++team) EXPECT_EQ(Pieces(game, team), 16);
   game = Played("new --type 3 --rule 2 --players 1,0,2,3 --name '  Duel  '");
-  EXPECT_EQ(game.gameName, "Duel");
-  EXPECT_EQ(game.gameType, kAnarchy);
-  EXPECT_EQ(game.kingCaptureRule, kKingdomLost);
-  EXPECT_EQ(game.playerKinds, (PerTeam<int>{1, 0, 2, 3}));
+  EXPECT_EQ(game.match.setup.gameName, "Duel");
+  EXPECT_EQ(game.match.position.gameType, kAnarchy);
+  EXPECT_EQ(game.match.position.kingCaptureRule, kKingdomLost);
+  EXPECT_EQ(game.match.setup.playerKinds, (PerTeam<int>{1, 0, 2, 3}));
 
   PutFile(Path("duel.txt"), WriteGameText(game));
   game = Played("apply duel.txt 8 13 8 11");
-  EXPECT_EQ(game.board.at(8, 11).piece, kPawn);
-  EXPECT_EQ(game.history[0], (HistoryMove{8, 13, 8, 11, kWhite, false}));
-  EXPECT_EQ(game.currentTeam, kBlue);
+  EXPECT_EQ(game.match.position.board.at(8, 11).piece, kPawn);
+  EXPECT_EQ(game.match.position.history[0], (HistoryMove{8, 13, 8, 11, kWhite, false}));
+  EXPECT_EQ(game.match.position.currentTeam, kBlue);
 }
 
 TEST_F(CliCommandsTest, ApplyPicksThePawnsOption) {

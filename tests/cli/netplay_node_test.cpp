@@ -22,7 +22,7 @@ using testing::ShowDifference;
 std::optional<BoardSquare> FirstMarked(const Game& game, int mark) {
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
-      if (game.board.at(x, y).mark == mark) return BoardSquare{x, y};
+      if (game.match.position.board.at(x, y).mark == mark) return BoardSquare{x, y};
   return std::nullopt;
 }
 

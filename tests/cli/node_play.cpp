@@ -41,7 +41,7 @@ std::optional<PlannedMove> FirstLegalMove(const Game& shown) {
   Game game = shown;
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x) {
-      if (game.board.at(x, y).team != game.currentTeam) continue;
+      if (game.match.position.board.at(x, y).team != game.match.position.currentTeam) continue;
       game.moveList.Clear();
       FindMoves(game, x, y, false, true);
       if (game.moveList.Count() > 0) {
@@ -63,7 +63,7 @@ std::optional<PlannedMove> FirstIllegalMove(const Game& shown) {
 }
 
 int TurnKey(const Game& game) {
-  return game.roundNumber * 10 + game.currentTeam;
+  return game.match.position.roundNumber * 10 + game.match.position.currentTeam;
 }
 
 bool ReachesTurn(NodeProcess& node, int key, double seconds) {

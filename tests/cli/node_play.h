@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "node_process.h"
 
 namespace varkesh::testing {

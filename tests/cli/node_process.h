@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh::testing {
 

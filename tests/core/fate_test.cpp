@@ -8,7 +8,7 @@ namespace {
 using test::Position;
 
 std::vector<DungeonPiece> Prisoners(const Game& game, int captor) {
-  const Dungeon& dungeon = game.dungeons[static_cast<std::size_t>(captor - 1)];
+  const Dungeon& dungeon = game.match.position.dungeons[static_cast<std::size_t>(captor - 1)];
   return {dungeon.prisoners.begin(), dungeon.prisoners.end()};
 }
 
@@ -43,19 +43,19 @@ TEST(ApplyFate, GainedSwapsLostAndFrozenSweepOnlyOtherTeamsPawnsFromTheMoat) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.rule);
     Game game = Position(kAnarchy, before);
-    game.kingCaptureRule = c.rule;
+    game.match.position.kingCaptureRule = c.rule;
     ApplyFate(game, kWhite, kBlack);
     Game expected = Position(kAnarchy, c.after);
     for (Square& square : expected.board.squares)
       if (square.realm == kWhite) square.realm = c.realmAfter;
-    test::ExpectSameBoard(game.board, expected.board);
+    test::ExpectSameBoard(game.match.position.board, expected.board);
   }
   // A gained moat is the pawn's own: it keeps its double step.
   Game game = Position(kAnarchy, before);
   SwapTeams(game, kWhite, kBlack);
   EXPECT_EQ(test::Destinations(game, 8, 13), test::At("8,12 8,11"));
   SwapTeams(game, kNoTeam, kBlue);  // would fill every empty square
-  EXPECT_EQ(game.board.at(0, 0).team, kNoTeam);
+  EXPECT_EQ(game.match.position.board.at(0, 0).team, kNoTeam);
 }
 
 TEST(SwapTeams, PrisonersChangeColourOnlyInAnEnemyOfTheGainersDungeon) {
@@ -106,13 +106,13 @@ TEST(VictoryTest, EndsWhenASideHasFallenTheFirstPairTestedFirst) {
   for (const Case& c : cases) {
     SCOPED_TRACE(&c - cases);
     Game game;
-    game.gameType = c.gameType;
-    game.gameMode = ModeChoosePiece;
-    game.kingdomFallen = c.fallen;
+    game.match.position.gameType = c.gameType;
+    game.turn.gameMode = ModeChoosePiece;
+    game.match.position.kingdomFallen = c.fallen;
     bool ended = c.winner != kNoTeam;
     EXPECT_EQ(VictoryTest(game), ended);
-    EXPECT_EQ(game.gameMode, ended ? ModeVictorySetUp : ModeChoosePiece);
-    EXPECT_EQ((std::pair{game.winner, game.coWinner}), (std::pair{c.winner, c.coWinner}));
+    EXPECT_EQ(game.turn.gameMode, ended ? ModeVictorySetUp : ModeChoosePiece);
+    EXPECT_EQ((std::pair{game.match.position.winner, game.match.position.coWinner}), (std::pair{c.winner, c.coWinner}));
   }
 }
 

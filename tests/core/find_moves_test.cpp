@@ -12,47 +12,47 @@ namespace {
 Game SmallPosition() {
   Game game = test::Position(kAlliedNeighbors,
                              "WN 11,5 WQ 8,8 WP 5,8 WK 8,15 WC 8,16 -WR 6,14 WP 7,15 KP 8,3");
-  game.castleRight[0] = true;
+  game.match.position.castleRight[0] = true;
   return game;
 }
 
 TEST(FindMovesFrame, TheOutputFormsCountAlikeAndOnlyAddToTheLists) {
   Game game = SmallPosition();
-  const Board before = game.board;
+  const Board before = game.match.position.board;
   EXPECT_EQ(FindMoves(game, 9, 9, true, true), 0);   // empty
   EXPECT_EQ(FindMoves(game, 6, 14, true, true), 0);  // frozen
   int plain = FindMoves(game, 8, 8, false, false);
   EXPECT_GT(plain, 0);
-  test::ExpectSameBoard(game.board, before);
-  EXPECT_EQ(game.moveablePieces.Count() + game.moveList.Count(), 0);
+  test::ExpectSameBoard(game.match.position.board, before);
+  EXPECT_EQ(game.view.moveablePieces.Count() + game.moveList.Count(), 0);
 
   EXPECT_EQ(FindMoves(game, 8, 8, true, false), plain);
   EXPECT_EQ(game.moveList.Count(), 0);
-  const test::Squares marked(game.moveablePieces.begin(), game.moveablePieces.end());
+  const test::Squares marked(game.view.moveablePieces.begin(), game.view.moveablePieces.end());
   for (const BoardSquare& square : marked)
-    EXPECT_EQ(game.board.at(square.x, square.y).mark, kMarkDestination);
+    EXPECT_EQ(game.match.position.board.at(square.x, square.y).mark, kMarkDestination);
   EXPECT_EQ(test::Destinations(game, 8, 8), marked);  // the list alone: the same squares
   for (const MoveRec& move : game.moveList)
     EXPECT_EQ((BoardSquare{move.fromX, move.fromY}), (BoardSquare{8, 8}));
 
   EXPECT_EQ(FindMoves(game, 8, 8, true, true), plain);  // nothing de-duplicates
   EXPECT_EQ(game.moveList.Count(), 2 * plain);
-  EXPECT_EQ(game.moveablePieces.Count(), 2 * plain);
+  EXPECT_EQ(game.view.moveablePieces.Count(), 2 * plain);
 }
 
 TEST(FindMoveablePieces, MarksAndListsThePiecesThatCanMoveInScanOrder) {
   Game game = SmallPosition();
   const test::Squares expected = test::At("11,5 5,8 8,8 8,15");
   EXPECT_EQ(FindMoveablePieces(game, kWhite, false, true), 4);
-  EXPECT_EQ(game.moveablePieces.Count(), 0);
+  EXPECT_EQ(game.view.moveablePieces.Count(), 0);
   EXPECT_EQ(test::Squares(game.computerPieces.begin(), game.computerPieces.end()), expected);
   EXPECT_EQ(FindMoveablePieces(game, kWhite, true, false), 4);
-  EXPECT_EQ(test::Squares(game.moveablePieces.begin(), game.moveablePieces.end()), expected);
+  EXPECT_EQ(test::Squares(game.view.moveablePieces.begin(), game.view.moveablePieces.end()), expected);
   EXPECT_EQ(game.computerPieces.Count(), 4);
   Game marked = SmallPosition();
   for (const BoardSquare& square : expected)
     marked.board.at(square.x, square.y).mark = kMarkMoveable;
-  test::ExpectSameBoard(game.board, marked.board);
+  test::ExpectSameBoard(game.match.position.board, marked.board);
 }
 
 // The first piece named moves.
@@ -68,8 +68,8 @@ struct MoveCase {
 void Check(const std::vector<MoveCase>& cases) {
   for (const MoveCase& c : cases) {
     Game game = test::Position(c.gameType, c.pieces);
-    if (c.castling != kNoTeam) game.castleRight[static_cast<std::size_t>(c.castling - 1)] = true;
-    for (Square& square : game.board.squares) {
+    if (c.castling != kNoTeam) game.match.position.castleRight[static_cast<std::size_t>(c.castling - 1)] = true;
+    for (Square& square : game.match.position.board.squares) {
       if (square.realm != kNoTeam && std::strchr(c.fallenRealms, "WBKR"[square.realm - 1]))
         square.realm = kNoTeam;
     }

@@ -50,7 +50,7 @@ TEST(KingScan, FindsTheFirstLiveKingRowByRow) {
 TEST(History, NewestFirstAndTheFourthDropsTheFirst) {
   Game game;
   for (int n = 1; n <= 4; ++n) AddToHistory(game, n, n + 1, n + 2, n + 3, n, n == 2);
-  EXPECT_EQ(game.history, (std::array<HistoryMove, 3>{HistoryMove{4, 5, 6, 7, 4, false},
+  EXPECT_EQ(game.match.position.history, (std::array<HistoryMove, 3>{HistoryMove{4, 5, 6, 7, 4, false},
                                                       HistoryMove{3, 4, 5, 6, 3, false},
                                                       HistoryMove{2, 3, 4, 5, 2, true}}));
 }

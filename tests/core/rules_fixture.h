@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "core/new_game_data.h"
 #include "core/rules.h"
 
@@ -34,9 +34,9 @@ using Squares = std::vector<BoardSquare>;
 // steps unless a test grants one.
 inline Game Position(int gameType, const std::string& pieces) {
   Game game;
-  game.gameType = gameType;
-  game.castleRight = {false, false, false, false};
-  LayOutTerrain(game.board);
+  game.match.position.gameType = gameType;
+  game.match.position.castleRight = {false, false, false, false};
+  LayOutTerrain(game.match.position.board);
   std::istringstream in(pieces);
   std::string code;
   int x = 0, y = 0;
@@ -44,8 +44,8 @@ inline Game Position(int gameType, const std::string& pieces) {
   while (in >> code >> x >> comma >> y) {
     bool frozen = code[0] == '-';
     int piece = static_cast<int>(std::string("PCBRNQK").find(code[frozen + 1])) + 1;
-    game.board.at(x, y).team = static_cast<int>(std::string("WBKR").find(code[frozen])) + 1;
-    game.board.at(x, y).piece = frozen ? -piece : piece;
+    game.match.position.board.at(x, y).team = static_cast<int>(std::string("WBKR").find(code[frozen])) + 1;
+    game.match.position.board.at(x, y).piece = frozen ? -piece : piece;
   }
   return game;
 }

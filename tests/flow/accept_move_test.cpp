@@ -15,58 +15,58 @@ class HumanTurnTest : public FlowTest {
     BeginTurn(kWhite);
   }
   DungeonPiece LastPrisoner(int captor) {
-    const Dungeon& dungeon = game.dungeons[captor - 1];
+    const Dungeon& dungeon = game.match.position.dungeons[captor - 1];
     return dungeon.prisoners[dungeon.PrisonerCount()];
   }
   void Fall(int team) {
-    game.kingdomFallen[team - 1] = true;
+    game.match.position.kingdomFallen[team - 1] = true;
     ClearBoardOfTeam(game, team);
   }
 };
 
 TEST_F(HumanTurnTest, ChoosingChangingAndCancellingASelection) {
   Click(9, 9);  // unmarked: consumed, nothing chosen
-  EXPECT_FALSE(game.clickPending);
+  EXPECT_FALSE(game.view.clickPending);
   Click(8, 8, false);  // a right click chooses nothing and is left waiting
-  EXPECT_TRUE(game.clickPending);
+  EXPECT_TRUE(game.view.clickPending);
   Click(8, 8);
-  EXPECT_EQ(game.gameMode, ModeChooseDestination);
+  EXPECT_EQ(game.turn.gameMode, ModeChooseDestination);
   EXPECT_EQ(At(8, 10).mark, kMarkDestination);
   EXPECT_EQ(outside.pieceLabel, "White's Rook");
   Click(6, 14);  // a change of mind: the other pieces stayed choosable
-  EXPECT_EQ(game.moveFromX, 6);
+  EXPECT_EQ(game.turn.moveFromX, 6);
   EXPECT_EQ(At(8, 10).mark, kUnmarked);
   Click(17, 3);  // off the board: dropped, not a cancel
-  EXPECT_EQ(game.gameMode, ModeChooseDestination);
+  EXPECT_EQ(game.turn.gameMode, ModeChooseDestination);
   Click(9, 9);
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
-  EXPECT_EQ(game.moveFromX + game.moveFromY + game.moveToX + game.moveToY, 0);
+  EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
+  EXPECT_EQ(game.turn.moveFromX + game.turn.moveFromY + game.turn.moveToX + game.turn.moveToY, 0);
   EXPECT_EQ(At(6, 14).mark, kMarkMoveable);
 }
 
 TEST_F(HumanTurnTest, OnlyARightClickOnTheChosenDestinationPlaysTheMove) {
   Click(8, 8);
   Click(8, 10);
-  EXPECT_EQ(game.gameMode, ModeConfirmMove);
+  EXPECT_EQ(game.turn.gameMode, ModeConfirmMove);
   Click(8, 11, false);  // a right click elsewhere is dropped
-  EXPECT_FALSE(game.clickPending);
+  EXPECT_FALSE(game.view.clickPending);
   Click(8, 9);  // another destination: the marks stayed
   EXPECT_EQ(At(8, 8).piece, kRook);
   Click(8, 9, false);
   EXPECT_EQ(At(8, 9).piece, kRook);
   EXPECT_EQ(At(8, 8).piece, kNoPiece);
-  EXPECT_FALSE(game.gameSaved);
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
+  EXPECT_FALSE(game.turn.gameSaved);
+  EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
   EXPECT_EQ(outside.turnLabel, "1st Round, Blue Player (Human)");
   EXPECT_EQ(outside.pieceLabel, "");
 }
 
 TEST_F(HumanTurnTest, ClicksOnAnotherMachinesSeatAreDropped) {
-  game.netRole = kNetClient;
-  game.myNodeId = 2;
+  game.net.netRole = kNetClient;
+  game.net.myNodeId = 2;
   Click(8, 8);
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
-  EXPECT_FALSE(game.clickPending);
+  EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
+  EXPECT_FALSE(game.view.clickPending);
   EXPECT_FALSE(outside.IsMenuEnabled(Menu::Resign));
 }
 
@@ -77,14 +77,14 @@ TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
   EXPECT_EQ(At(8, 15).piece, kCastlePawn);
   Put(4, 6, kWhite, kPawn);  // a pawn goes to no dungeon
   PlayMove(2, 6, 4, 6);
-  EXPECT_EQ(game.dungeons[kBlue - 1].PrisonerCount(), 0);
-  EXPECT_EQ(game.history[0], (HistoryMove{2, 6, 4, 6, kBlue, true}));
+  EXPECT_EQ(game.match.position.dungeons[kBlue - 1].PrisonerCount(), 0);
+  EXPECT_EQ(game.match.position.history[0], (HistoryMove{2, 6, 4, 6, kBlue, true}));
   Put(8, 4, kWhite, kBishop);  // other pieces are kept
   PlayMove(8, 2, 8, 4);
   EXPECT_EQ(LastPrisoner(kBlack), (DungeonPiece{kWhite, kBishop}));
   Put(12, 8, kBlack, kCastlePawn);  // taking a Castle Pawn ends the taker's castle move
   PlayMove(14, 8, 12, 8);
-  EXPECT_EQ(game.castleRight, (PerTeam<bool>{false, true, true, false}));
+  EXPECT_EQ(game.match.position.castleRight, (PerTeam<bool>{false, true, true, false}));
   Put(8, 1, kNoTeam, kNoPiece);  // a King: its kingdom falls to the taker
   Put(8, 12, kBlack, kKing);
   PlayMove(8, 8, 8, 12);
@@ -93,19 +93,19 @@ TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
   EXPECT_EQ(outside.sounds,
             (std::vector<std::string>{"sfx_click", "sfx_capture", "sfx_capturequeen", "sfx_capture",
                                       "sfx_captureking"}));
-  game.playerKinds[kWhite - 1] = kBalanced;
+  game.match.setup.playerKinds[kWhite - 1] = kBalanced;
   PlayMove(2, 10, 4, 10);
-  EXPECT_EQ(game.currentTeam, kRed) << "a fallen kingdom is skipped";
+  EXPECT_EQ(game.match.position.currentTeam, kRed) << "a fallen kingdom is skipped";
   PlayMove(14, 6, 12, 6);
   EXPECT_EQ(outside.turnLabel, "3rd Round, White Player (Balanced)");
-  EXPECT_EQ(game.gameMode, ModeComputerThinks);
+  EXPECT_EQ(game.turn.gameMode, ModeComputerThinks);
 }
 
 TEST(TurnLabelTest, CountsRoundsInOrdinals) {
   Game game;
   for (auto [round, text] :
        {std::pair{11, "11th"}, {12, "12th"}, {13, "13th"}, {21, "21st"}, {102, "102nd"}}) {
-    game.roundNumber = round;
+    game.match.position.roundNumber = round;
     EXPECT_EQ(TurnText(game), std::string(text) + " Round, White Player (Human)");
   }
 }
@@ -125,8 +125,8 @@ class KingdomFallTest : public HumanTurnTest, public ::testing::WithParamInterfa
 // leaves Blue a Queen and a Rook (4): too little material.
 TEST_P(KingdomFallTest, TheKingGoesToTheTakerAndTheLastOfASideEndsTheGame) {
   const KingdomFall& f = GetParam();
-  game.gameType = f.gameType;
-  game.playerKinds[f.victim - 1] = f.victimIsHuman ? kHuman : kAggressive;
+  game.match.position.gameType = f.gameType;
+  game.match.setup.playerKinds[f.victim - 1] = f.victimIsHuman ? kHuman : kAggressive;
   for (int team : f.fallen) Fall(team);
   if (f.lackOfMaterial)
     Put(2, 10, kNoTeam, kNoPiece);
@@ -135,15 +135,15 @@ TEST_P(KingdomFallTest, TheKingGoesToTheTakerAndTheLastOfASideEndsTheGame) {
   Put(8, 10, f.victim, f.lackOfMaterial ? kPawn : kKing);
   BeginTurn(kWhite);
   PlayMove(8, 8, 8, 10);
-  EXPECT_TRUE(game.kingdomFallen[f.victim - 1]);
+  EXPECT_TRUE(game.match.position.kingdomFallen[f.victim - 1]);
   EXPECT_EQ(LastPrisoner(kWhite), (DungeonPiece{f.victim, kKing}));
   EXPECT_EQ(At(f.victim == kBlue ? 2 : 14, 8).team, kWhite) << "the taker gains the Queen";
   ASSERT_EQ(outside.messages.size(), f.lackOfMaterial && f.victimIsHuman ? 1u : 0u);
   for (const auto& message : outside.messages)
     EXPECT_EQ(message.text, "Blue King is removed from the game due to lack of materials.");
-  EXPECT_EQ(game.winner, f.winner);
-  EXPECT_EQ(game.coWinner, f.coWinner);
-  EXPECT_EQ(game.currentTeam, f.winner ? kWhite : kBlack) << "an ended game keeps its turn";
+  EXPECT_EQ(game.match.position.winner, f.winner);
+  EXPECT_EQ(game.match.position.coWinner, f.coWinner);
+  EXPECT_EQ(game.match.position.currentTeam, f.winner ? kWhite : kBlack) << "an ended game keeps its turn";
   if (!f.winner) return;
 
   EXPECT_FALSE(outside.IsMenuEnabled(Menu::Resign));
@@ -153,8 +153,8 @@ TEST_P(KingdomFallTest, TheKingGoesToTheTakerAndTheLastOfASideEndsTheGame) {
       << "a second flag for a co-winner only";
   Click(3, 3);
   Click(8, 8);
-  EXPECT_EQ(game.gameMode, ModeGameOver);
-  EXPECT_FALSE(game.clickPending) << "the game is over: clicks are dropped";
+  EXPECT_EQ(game.turn.gameMode, ModeGameOver);
+  EXPECT_FALSE(game.view.clickPending) << "the game is over: clicks are dropped";
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -45,14 +45,14 @@ class FlowTest : public ::testing::Test {
 
   FlowTest() {
     outside.engine.appPath = folder.Slashed();
-    LayOutTerrain(game.board);
-    game.gameType = kAnarchy;
+    LayOutTerrain(game.match.position.board);
+    game.match.position.gameType = kAnarchy;
     game.random = Random::Zero();
     outside.clock = 100.0;
     outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
   }
 
-  Square& At(int x, int y) { return game.board.at(x, y); }
+  Square& At(int x, int y) { return game.match.position.board.at(x, y); }
   void Put(int x, int y, int team, int piece) {
     At(x, y).team = team;
     At(x, y).piece = piece;
@@ -74,7 +74,7 @@ class FlowTest : public ::testing::Test {
 
   // The start of team's turn, as the previous move would leave it.
   void BeginTurn(int team) {
-    game.currentTeam = team;
+    game.match.position.currentTeam = team;
     ClearMarks(game);
     ClearMoveablePieces(game);
     StartTurn(game, outside);
@@ -82,11 +82,11 @@ class FlowTest : public ::testing::Test {
 
   void Pass() { RunPass(game, outside, view); }
   void Click(int x, int y, bool left = true) {
-    game.clickPending = true;
-    game.clickX = x;
-    game.clickY = y;
-    game.clickLeft = left;
-    game.clickRight = !left;
+    game.view.clickPending = true;
+    game.view.clickX = x;
+    game.view.clickY = y;
+    game.view.clickLeft = left;
+    game.view.clickRight = !left;
     Pass();
   }
   // Left click on the piece, left click on the destination, right click there.

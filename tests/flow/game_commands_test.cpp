@@ -39,40 +39,40 @@ class GameCommandsTest : public FlowTest {
 };
 
 TEST_F(GameCommandsTest, AnUnsavedGameIsLeftOnlyOnYesForAFreshStart) {
-  game.saveFilePath = "old.vsh";
-  game.gameSaved = false;
-  game.kingdomFallen[kRed - 1] = true;
-  game.dungeons[0].prisoners.Add({kBlack, kQueen});
-  game.history[0] = {8, 13, 8, 11, kWhite, false};
+  game.turn.saveFilePath = "old.vsh";
+  game.turn.gameSaved = false;
+  game.match.position.kingdomFallen[kRed - 1] = true;
+  game.match.position.dungeons[0].prisoners.Add({kBlack, kQueen});
+  game.match.position.history[0] = {8, 13, 8, 11, kWhite, false};
   outside.yesNoAnswers = {false};
   Start(kAnarchy, kKingdomLost, {kHuman, kHuman, kHuman, kDefensive}, "Friday");
   EXPECT_EQ(outside.messages.at(0).title, "Start New Game?");
   EXPECT_TRUE(outside.newGameDialogs.empty());
   NewGameCommand(game, outside);  // Yes, and the choice still waiting is taken
   EXPECT_EQ(outside.gameDescription, "Friday (Anarchy/Kingdom Lost)");
-  EXPECT_EQ(game.gameMode, ModeChoosePiece);
-  EXPECT_EQ(game.kingdomFallen, (PerTeam<bool>{}));
-  EXPECT_EQ(game.dungeons[0].PrisonerCount(), 0);
-  EXPECT_TRUE(game.history[0].Empty());
-  EXPECT_TRUE(game.saveFilePath.empty() && game.gameSaved);
+  EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
+  EXPECT_EQ(game.match.position.kingdomFallen, (PerTeam<bool>{}));
+  EXPECT_EQ(game.match.position.dungeons[0].PrisonerCount(), 0);
+  EXPECT_TRUE(game.match.position.history[0].Empty());
+  EXPECT_TRUE(game.turn.saveFilePath.empty() && game.turn.gameSaved);
   EXPECT_TRUE(outside.IsMenuEnabled(Menu::Resign) && outside.pauseButtonVisible);
 }
 
 TEST_F(GameCommandsTest, ABrokenStartPositionLeavesTheRunningGameWhole) {
-  game.gameName = "Friday";
-  game.gameSaved = false;
-  game.saveFilePath = "friday.vsh";
-  game.dungeons[0].prisoners.Add({kBlack, kQueen});
-  Board before = game.board;
+  game.match.setup.gameName = "Friday";
+  game.turn.gameSaved = false;
+  game.turn.saveFilePath = "friday.vsh";
+  game.match.position.dungeons[0].prisoners.Add({kBlack, kQueen});
+  Board before = game.match.position.board;
   std::ofstream(Path("broken.txt")) << "WK,8\n";
   outside.entryPaths["newgamedata"] = Path("broken.txt");
   Start(kAnarchy, kKingdomLost, {}, "Saturday");
   EXPECT_TRUE(Reported("mnuGameNew.Click", "newgamedata line"));
-  EXPECT_EQ(game.gameName, "Friday");
-  EXPECT_FALSE(game.gameSaved);
-  EXPECT_EQ(game.saveFilePath, "friday.vsh");
-  EXPECT_EQ(game.dungeons[0].PrisonerCount(), 1);
-  EXPECT_EQ(game.board, before);
+  EXPECT_EQ(game.match.setup.gameName, "Friday");
+  EXPECT_FALSE(game.turn.gameSaved);
+  EXPECT_EQ(game.turn.saveFilePath, "friday.vsh");
+  EXPECT_EQ(game.match.position.dungeons[0].PrisonerCount(), 1);
+  EXPECT_EQ(game.match.position.board, before);
 }
 
 struct Resume {
@@ -86,17 +86,17 @@ TEST_P(ResumeTest, ALoadedGameResumesAtTheStartOfTheTurn) {
   Game saved = SampleGame();
   saved.currentTeam = r.team;
   saved.gameMode = r.savedMode;
-  game.moveFromX = game.moveToY = 8;
-  game.saveFilePath = "elsewhere.vsh";
-  game.paused = true;
+  game.turn.moveFromX = game.turn.moveToY = 8;
+  game.turn.saveFilePath = "elsewhere.vsh";
+  game.turn.paused = true;
   LoadGame(game, outside, Saved(saved));
-  EXPECT_EQ(game.gameMode, r.mode);
-  EXPECT_EQ(game.moveFromX + game.moveToY, 0);
-  EXPECT_EQ(game.moveablePieces.Empty(), r.mode == ModeComputerThinks);
-  for (const BoardSquare& square : game.moveablePieces)
+  EXPECT_EQ(game.turn.gameMode, r.mode);
+  EXPECT_EQ(game.turn.moveFromX + game.turn.moveToY, 0);
+  EXPECT_EQ(game.view.moveablePieces.Empty(), r.mode == ModeComputerThinks);
+  for (const BoardSquare& square : game.view.moveablePieces)
     EXPECT_EQ(At(square.x, square.y).team, r.team);
-  EXPECT_TRUE(outside.pauseButtonVisible && !game.paused);
-  EXPECT_EQ(game.saveFilePath, "elsewhere.vsh") << "the command, not the load, keeps the path";
+  EXPECT_TRUE(outside.pauseButtonVisible && !game.turn.paused);
+  EXPECT_EQ(game.turn.saveFilePath, "elsewhere.vsh") << "the command, not the load, keeps the path";
   ClearMarks(game);
   EXPECT_TRUE(SameStoredGame(game, saved));
 }
@@ -111,8 +111,8 @@ TEST_F(GameCommandsTest, AFailedLoadLeavesTheRunningGameAndReports) {
   PutFile(Path("damaged.vsh"), coded);
   PutFile(Path("bad.vsh"), EncodeText("\"Bad\"\r\n9,9\r\n"));
   game = SampleGame();
-  game.gameMode = ModeChooseDestination;
-  game.moveFromX = 8;
+  game.turn.gameMode = ModeChooseDestination;
+  game.turn.moveFromX = 8;
   const std::string before = WriteGameText(game);
   for (auto [name, description] : {std::pair{"damaged.vsh", "This saved game is damaged"},
                                    {"bad.vsh", "line 2: game type 9 is out of range (1 to 3)"},
@@ -121,8 +121,8 @@ TEST_F(GameCommandsTest, AFailedLoadLeavesTheRunningGameAndReports) {
     EXPECT_TRUE(Reported("LoadGame", description)) << name;
   }
   EXPECT_EQ(WriteGameText(game), before);
-  EXPECT_EQ(game.gameMode, ModeChooseDestination);
-  EXPECT_EQ(game.moveFromX, 8);
+  EXPECT_EQ(game.turn.gameMode, ModeChooseDestination);
+  EXPECT_EQ(game.turn.moveFromX, 8);
   EXPECT_TRUE(NoScratchLeft());
 }
 
@@ -137,7 +137,7 @@ TEST_F(GameCommandsTest, AGameAtTheLastRoundPlaysOnAndStaysLoadable) {
   const std::string path = Saved(last);
   LoadGame(game, outside, path);
   EXPECT_FALSE(ErrorShown());
-  EXPECT_EQ(game.roundNumber, kHighestRound);
+  EXPECT_EQ(game.match.position.roundNumber, kHighestRound);
 }
 
 TEST_F(GameCommandsTest, ASaveCutOffBeforeTheRenameKeepsTheOldFile) {
@@ -150,34 +150,34 @@ TEST_F(GameCommandsTest, ASaveCutOffBeforeTheRenameKeepsTheOldFile) {
   std::filesystem::remove(path + ".part");
   PutFile(path + ".part", "half a file from a save that was cut off");
   LoadGame(game, outside, path);
-  EXPECT_EQ(game.gameName, "Friday");
+  EXPECT_EQ(game.match.setup.gameName, "Friday");
 
   SaveGame(other, outside, path);
   EXPECT_TRUE(NoScratchLeft());
   LoadGame(game, outside, path);
-  EXPECT_EQ(game.gameName, "Other");
+  EXPECT_EQ(game.match.setup.gameName, "Other");
 }
 
 TEST_F(GameCommandsTest, SaveCommandAsksForAPathOnceAndOnlyASaveMarksTheGameSaved) {
   game = SampleGame();
-  game.gameSaved = false;
+  game.turn.gameSaved = false;
   outside.savePaths = {Path("no folder/mine.vsh"), Path("mine.vsh")};
   SaveGameCommand(game, outside);
-  EXPECT_FALSE(game.gameSaved);
+  EXPECT_FALSE(game.turn.gameSaved);
   SaveGameCommand(game, outside);
-  EXPECT_EQ(game.saveFilePath, Path("mine.vsh"));
-  game.gameSaved = false;
+  EXPECT_EQ(game.turn.saveFilePath, Path("mine.vsh"));
+  game.turn.gameSaved = false;
   SaveGameCommand(game, outside);  // a dialog now would be cancelled: none is shown
-  EXPECT_TRUE(game.gameSaved);
+  EXPECT_TRUE(game.turn.gameSaved);
 }
 
 TEST_F(GameCommandsTest, AHostTellsItsClientsOfEachNewOrLoadedGame) {
   std::string path = Saved(SampleGame());
-  game.netRole = kNetHosting;
-  game.localPlayerName = "Ann";
-  game.seatNode = {3, 2, 1, 0};
+  game.net.netRole = kNetHosting;
+  game.net.localPlayerName = "Ann";
+  game.net.seatNode = {3, 2, 1, 0};
   Start(kAlliedNeighbors, kKingdomGained, {kHuman, kAggressive, kHuman, kHuman}, "Duel");
-  EXPECT_EQ(game.seatNode, (PerTeam<int>{3, 0, 1, 0})) << "a computer seat is the host's";
+  EXPECT_EQ(game.net.seatNode, (PerTeam<int>{3, 0, 1, 0})) << "a computer seat is the host's";
   EXPECT_EQ(SentMessages(),
             (std::vector<std::string>{
                 "GMSG}*** Ann (host) has started a new game: 'Duel (Allied Neighbors/Kingdom "
@@ -188,7 +188,7 @@ TEST_F(GameCommandsTest, AHostTellsItsClientsOfEachNewOrLoadedGame) {
   LoadGameCommand(game, outside);
   EXPECT_TRUE(outside.sent.empty()) << "a failed load is not passed on";
   LoadGameCommand(game, outside);
-  EXPECT_EQ(game.saveFilePath, path);
+  EXPECT_EQ(game.turn.saveFilePath, path);
   EXPECT_EQ(SentMessages(),
             (std::vector<std::string>{
                 "GMSG}*** Ann (host) has loaded a game: 'Friday (Anarchy/Kingdom Frozen)",

@@ -16,21 +16,21 @@ using MainLoopTest = FlowTest;
 
 TEST_F(MainLoopTest, AComputerTurnLocksTheMenusThenPreviewsAndPlays) {
   PutArmies();
-  game.playerKinds = {kBalanced, kDefensive, kHuman, kHuman};
-  game.netRole = kNetHosting;
+  game.match.setup.playerKinds = {kBalanced, kDefensive, kHuman, kHuman};
+  game.net.netRole = kNetHosting;
   BeginTurn(kWhite);
   Pass();
   for (Menu menu : kLockedMenus) EXPECT_FALSE(outside.IsMenuEnabled(menu));
   EXPECT_EQ(SentMessages().at(1), "GUGS}9");
   Pass();
   EXPECT_EQ(view.moves, 2) << "the preview blinks twice";
-  EXPECT_EQ(game.currentTeam, kBlue);
+  EXPECT_EQ(game.match.position.currentTeam, kBlue);
   for (Menu menu : kLockedMenus) EXPECT_TRUE(outside.IsMenuEnabled(menu));
 
-  game.netRole = kNetClient;
-  game.myNodeId = 2;
+  game.net.netRole = kNetClient;
+  game.net.myNodeId = 2;
   Pass();
-  EXPECT_EQ(game.gameMode, ModeComputerThinks) << "a client waits for the host's choice";
+  EXPECT_EQ(game.turn.gameMode, ModeComputerThinks) << "a client waits for the host's choice";
 }
 
 // Blue's King is walled in by its own Pawns in its keep, where a Pawn has no
@@ -41,15 +41,15 @@ TEST_F(MainLoopTest, AComputerWithoutAMoveResignsAndTheGameGoesOn) {
   Put(2, 10, kNoTeam, kNoPiece);
   for (auto [x, y] : {std::pair{1, 7}, {2, 7}, {0, 8}, {2, 8}, {1, 9}, {2, 9}})
     Put(x, y, kBlue, kPawn);
-  game.castleRight[kBlue - 1] = false;
-  game.playerKinds[kBlue - 1] = kAggressive;
-  game.netRole = kNetHosting;
+  game.match.position.castleRight[kBlue - 1] = false;
+  game.match.setup.playerKinds[kBlue - 1] = kAggressive;
+  game.net.netRole = kNetHosting;
   BeginTurn(kBlue);
   Pass();
   EXPECT_TRUE(outside.messages.empty()) << "no question is asked";
   EXPECT_EQ(At(2, 8).team, kWhite);
   EXPECT_EQ(SentMessages(), std::vector<std::string>{"GRES}1"});
-  EXPECT_EQ(game.currentTeam, kBlack);
+  EXPECT_EQ(game.match.position.currentTeam, kBlack);
   for (Menu menu : kLockedMenus) EXPECT_TRUE(outside.IsMenuEnabled(menu));
 }
 
@@ -60,10 +60,10 @@ struct ThrowingView : CountingView {
 TEST_F(MainLoopTest, AFaultInAProcedureIsLoggedUnderItsNameAndTheGameGoesOn) {
   PutArmies();
   BeginTurn(kWhite);
-  const Board before = game.board;
-  game.moveFromX = 40;  // a damaged message from another machine
+  const Board before = game.match.position.board;
+  game.turn.moveFromX = 40;  // a damaged message from another machine
   NetAcceptMove(game, outside);
-  EXPECT_EQ(game.board, before);
+  EXPECT_EQ(game.match.position.board, before);
   outside.entryPaths["newgamedata"] = folder.File("missing.txt");
   outside.newGameChoices.push_back({true, kAnarchy, kKingdomGained, {}, "Broken"});
   NewGameCommand(game, outside);
@@ -82,7 +82,7 @@ TEST_F(MainLoopTest, AFaultInAProcedureIsLoggedUnderItsNameAndTheGameGoesOn) {
   EXPECT_EQ(outside.messages.size(), 3u);
   BeginTurn(kWhite);
   Click(8, 14);
-  EXPECT_EQ(game.gameMode, ModeChooseDestination) << "the next pass runs as ever";
+  EXPECT_EQ(game.turn.gameMode, ModeChooseDestination) << "the next pass runs as ever";
 }
 
 struct Match {
@@ -95,14 +95,14 @@ TEST_P(WholeGameTest, ComputersPlayToTheEnd) {
   const Match& match = GetParam();
   outside.SetMenuChecked(Menu::OptionsShowComp, false);
   game.random.Seed(static_cast<std::uint64_t>(match.seed));
-  game.gameMode = ModeNoGame;
+  game.turn.gameMode = ModeNoGame;
   outside.newGameChoices.push_back(
       {true, match.gameType, match.rule, {kAggressive, kBalanced, kDefensive, kBalanced}, "Bots"});
-  for (int passes = 0; game.gameMode != ModeVictory && passes < 20000; ++passes) Pass();
-  ASSERT_EQ(game.gameMode, ModeVictory) << "round " << game.roundNumber;
+  for (int passes = 0; game.turn.gameMode != ModeVictory && passes < 20000; ++passes) Pass();
+  ASSERT_EQ(game.turn.gameMode, ModeVictory) << "round " << game.match.position.roundNumber;
   EXPECT_FALSE(ErrorShown());
-  ASSERT_NE(game.winner, kNoTeam);
-  EXPECT_FALSE(game.kingdomFallen[static_cast<std::size_t>(game.winner - 1)]);
+  ASSERT_NE(game.match.position.winner, kNoTeam);
+  EXPECT_FALSE(game.match.position.kingdomFallen[static_cast<std::size_t>(game.match.position.winner - 1)]);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachTypeAndRule, WholeGameTest,

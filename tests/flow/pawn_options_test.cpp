@@ -40,11 +40,11 @@ TEST_P(KeepEntryTest, IsPlayedAlikeHereAndOnTheHost) {
   AddPieceToDungeon(game, kBlack, kWhite, kQueen);
   if (e.nothingOnOffer) {
     for (int x : {6, 8, 10}) Put(x, 2, kNoTeam, kNoPiece);
-    game.dungeons[kBlack - 1].prisoners.Clear();
+    game.match.position.dungeons[kBlack - 1].prisoners.Clear();
   }
-  game.netRole = kNetClient;
-  game.myNodeId = 1;
-  game.seatNode = {1, 0, 0, 0};
+  game.net.netRole = kNetClient;
+  game.net.myNodeId = 1;
+  game.net.seatNode = {1, 0, 0, 0};
   BeginTurn(kWhite);
   Game there = game;
   there.netRole = kNetHosting;
@@ -59,8 +59,8 @@ TEST_P(KeepEntryTest, IsPlayedAlikeHereAndOnTheHost) {
   EXPECT_EQ(outside.pawnOptionDialogs, dialogs);
   EXPECT_EQ(At(9, 2).team, e.team);
   EXPECT_EQ(At(9, 2).piece, e.piece);
-  EXPECT_EQ(game.dungeons[kWhite - 1].PrisonerCount(), e.whitePrisoners);
-  EXPECT_EQ(game.dungeons[kBlack - 1].PrisonerCount(), e.blackPrisoners);
+  EXPECT_EQ(game.match.position.dungeons[kWhite - 1].PrisonerCount(), e.whitePrisoners);
+  EXPECT_EQ(game.match.position.dungeons[kBlack - 1].PrisonerCount(), e.blackPrisoners);
   std::vector<std::string> sent = SentMessages();
   ASSERT_EQ(sent.size(), 5u);
   EXPECT_EQ(sent[1] + " " + sent[3], "GUGS}2 GUGS}3") << "each selection tells the mode";
@@ -73,9 +73,9 @@ TEST_P(KeepEntryTest, IsPlayedAlikeHereAndOnTheHost) {
       std::tie(kind.at(0), kind.at(1), kind.at(2));
   ScriptedOutside thereOutside;
   NetAcceptMove(there, thereOutside);
-  EXPECT_EQ(there.board, game.board);
+  EXPECT_EQ(there.board, game.match.position.board);
   EXPECT_EQ(WriteGameText(there), WriteGameText(game));
-  EXPECT_EQ(there.gameMode, game.gameMode);
+  EXPECT_EQ(there.gameMode, game.turn.gameMode);
   EXPECT_EQ(thereOutside.sounds, outside.sounds);
   EXPECT_TRUE(there.gameSaved && thereOutside.sent.empty()) << "nothing to save or send on";
 }

@@ -26,14 +26,14 @@ class ResignRuleTest : public ResignTest, public ::testing::WithParamInterface<R
 
 TEST_P(ResignRuleTest, AfterAWithdrawalOrANoTheKingLeavesAndTheRestMeetsTheRule) {
   const Resignation& r = GetParam();
-  game.kingCaptureRule = r.rule;
-  game.netRole = kNetClient;
-  const Board before = game.board;
+  game.match.position.kingCaptureRule = r.rule;
+  game.net.netRole = kNetClient;
+  const Board before = game.match.position.board;
   outside.concedePicks = {0, kRed};      // withdrawn, then to Red
   outside.yesNoAnswers = {false, true};  // No, then Yes
   DoResign(game, outside, -1);
-  EXPECT_EQ(game.board, before);
-  EXPECT_TRUE(game.gameSaved && outside.sent.empty());
+  EXPECT_EQ(game.match.position.board, before);
+  EXPECT_TRUE(game.turn.gameSaved && outside.sent.empty());
 
   DoResign(game, outside, -1);
   if (r.rule == kKingdomGained) {
@@ -44,9 +44,9 @@ TEST_P(ResignRuleTest, AfterAWithdrawalOrANoTheKingLeavesAndTheRestMeetsTheRule)
   EXPECT_EQ(At(8, 15).piece, kNoPiece);
   EXPECT_EQ(At(8, 14).team, r.queenTeam);
   EXPECT_EQ(At(8, 14).piece, r.queenPiece);
-  EXPECT_TRUE(game.kingdomFallen[kWhite - 1] && !game.gameSaved);
-  EXPECT_EQ(game.history[1].team, kRed) << "an empty move is shown for the resignation";
-  EXPECT_EQ(game.currentTeam, kBlue);
+  EXPECT_TRUE(game.match.position.kingdomFallen[kWhite - 1] && !game.turn.gameSaved);
+  EXPECT_EQ(game.match.position.history[1].team, kRed) << "an empty move is shown for the resignation";
+  EXPECT_EQ(game.match.position.currentTeam, kBlue);
   EXPECT_EQ(SentMessages(), std::vector<std::string>{r.sent});
 }
 
@@ -56,16 +56,16 @@ INSTANTIATE_TEST_SUITE_P(EachRule, ResignRuleTest,
                                            Resignation{kKingdomFrozen, kWhite, -kQueen, "GRES}0"}));
 
 TEST_F(ResignTest, AReceivedResignationNeitherAsksNorTellsAndMayEndTheGame) {
-  game.netRole = kNetHosting;
+  game.net.netRole = kNetHosting;
   outside.SetMenuEnabled(Menu::Resign, true);
   DoResign(game, outside, kRed);
   EXPECT_EQ(At(8, 14).team, kRed);
   DoResign(game, outside, kWhite);  // a fallen team: a damaged message
   EXPECT_EQ(At(2, 8).team, kBlack) << "the first team that may gain them";
-  game.kingCaptureRule = kKingdomLost;
+  game.match.position.kingCaptureRule = kKingdomLost;
   DoResign(game, outside, 0);
-  EXPECT_EQ(game.winner, kRed);
-  EXPECT_EQ(game.gameMode, ModeVictorySetUp);
+  EXPECT_EQ(game.match.position.winner, kRed);
+  EXPECT_EQ(game.turn.gameMode, ModeVictorySetUp);
   EXPECT_FALSE(outside.IsMenuEnabled(Menu::Resign));
   EXPECT_TRUE(outside.concedeDialogs.empty() && outside.messages.empty() && outside.sent.empty());
 }

@@ -19,7 +19,7 @@ struct ClientTable {
     Require(host.transport.Listen(kPort, error), "the host cannot listen");
     net::OpenAsClient(client.node);
     network.Pump();
-    Require(client.game.netRole == kNetClient && host.connection != 0, "the client got no answer");
+    Require(client.game.net.netRole == kNetClient && host.connection != 0, "the client got no answer");
   }
 
   void Play(std::string_view input) {
@@ -34,7 +34,7 @@ struct ClientTable {
         case StepKind::kReopen:
           if (host.connection != 0) break;
           net::CloseSession(client.node);
-          client.game.netRole = kNetConnectDialog;
+          client.game.net.netRole = kNetConnectDialog;
           net::OpenAsClient(client.node);
           break;
         case StepKind::kClose:
@@ -110,11 +110,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   // Whatever the host says, the client's tables hold only what it checked.
   const Game& game = table.client.game;
-  Require(game.myNodeId >= 0 && game.myNodeId <= net::kMaxNodeNumber, "a node number out of range");
+  Require(game.net.myNodeId >= 0 && game.net.myNodeId <= net::kMaxNodeNumber, "a node number out of range");
   for (std::size_t t = 0; t < kTeamCount; ++t) {
-    Require(game.seatNode[t] >= 0 && game.seatNode[t] <= net::kMaxNodeNumber,
+    Require(game.net.seatNode[t] >= 0 && game.net.seatNode[t] <= net::kMaxNodeNumber,
             "a seat out of range");
-    Require(game.playerKinds[t] >= kHuman && game.playerKinds[t] <= kDefensive,
+    Require(game.match.setup.playerKinds[t] >= kHuman && game.match.setup.playerKinds[t] <= kDefensive,
             "a seat of no kind");
   }
   return 0;

@@ -26,7 +26,7 @@ struct HostTable {
     for (int team = kWhite; team <= kRed; ++team)
       net::AssignSeat(host.node, team, kSeatHolders[static_cast<std::size_t>(team - 1)]);
     network.Pump();
-    Require(host.game.seatNode == kSeatHolders, "the clients did not get their seats");
+    Require(host.game.net.seatNode == kSeatHolders, "the clients did not get their seats");
   }
 
   void Play(std::string_view input) {
@@ -118,8 +118,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   // What clients send may change the game, never the session itself.
   const Game& game = table.host.game;
-  Require(game.netRole == kNetHosting, "a client ended the hosting");
+  Require(game.net.netRole == kNetHosting, "a client ended the hosting");
   Require(table.host.session.nodeCount <= 2, "a node stayed taken after its client left");
-  for (int seat : game.seatNode) Require(seat >= 0 && seat <= 2, "a seat went to no node");
+  for (int seat : game.net.seatNode) Require(seat >= 0 && seat <= 2, "a seat went to no node");
   return 0;
 }

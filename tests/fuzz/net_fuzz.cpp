@@ -44,8 +44,8 @@ const Game& GameUnderWay() {
 
 FuzzNode::FuzzNode(net::FakeTransport& endpoint, int netRole) : transport(endpoint) {
   Quieten(outside);
-  game.netRole = netRole;
-  game.localPlayerName = "Ann";
+  game.net.netRole = netRole;
+  game.net.localPlayerName = "Ann";
   session.netPort = kPort;
 }
 
@@ -121,23 +121,23 @@ std::vector<TurnMessages> LegalTurns(int turns) {
   ScriptedOutside outside;
   Quieten(outside);
   std::vector<TurnMessages> told;
-  for (int turn = 0; turn < turns && game.gameMode == ModeChoosePiece; ++turn) {
+  for (int turn = 0; turn < turns && game.turn.gameMode == ModeChoosePiece; ++turn) {
     game.moveList.Clear();
     for (int y = 0; y < kBoardSide; ++y)
       for (int x = 0; x < kBoardSide; ++x)
-        if (game.board.at(x, y).team == game.currentTeam) FindMoves(game, x, y, false, true);
+        if (game.match.position.board.at(x, y).team == game.match.position.currentTeam) FindMoves(game, x, y, false, true);
     if (game.moveList.Empty()) break;
     // Different pieces on different turns, so that the seeds are not all pawns.
     const MoveRec move = game.moveList[1 + (turn * 7) % game.moveList.Count()];
     const std::string from = Number(move.fromX) + kFieldSeparator + Number(move.fromY);
     const std::string to = Number(move.toX) + kFieldSeparator + Number(move.toY);
-    TurnMessages turnTold{game.currentTeam,
+    TurnMessages turnTold{game.match.position.currentTeam,
                           {"GUPM}" + from + kFieldSeparator + "0" + kFieldSeparator + "0", "GUGS}2",
                            "GUPM}" + from + kFieldSeparator + to, "GUGS}3"}};
-    game.moveFromX = move.fromX;
-    game.moveFromY = move.fromY;
-    game.moveToX = move.toX;
-    game.moveToY = move.toY;
+    game.turn.moveFromX = move.fromX;
+    game.turn.moveFromY = move.fromY;
+    game.turn.moveToX = move.toX;
+    game.turn.moveToY = move.toY;
     AcceptMove(game, outside);
     turnTold.messages.push_back(game.pendingMoveMessage);
     told.push_back(turnTold);

@@ -60,7 +60,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   Settle();
   EXPECT_EQ(host->Text(), before);
   ExpectSameGames();
-  EXPECT_EQ(host->game.gameMode, ModeChoosePiece);
+  EXPECT_EQ(host->game.turn.gameMode, ModeChoosePiece);
   EXPECT_NE(Log().find("the node does not hold the seat of White"), std::string::npos);
   EXPECT_GE(Count(mallory->Messages(), "GLGF}"), 1) << "the sender gets the game again";
 
@@ -88,8 +88,8 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   mallory->Send(Selection(move.fromX, move.fromY, move.toX, move.toY));
   mallory->Send("GAMV}0" + kSep + "0" + kSep + "0");
   Settle();
-  EXPECT_EQ(host->game.currentTeam, kBlue);
-  EXPECT_EQ(bob.game.currentTeam, kBlue);
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
+  EXPECT_EQ(bob.game.match.position.currentTeam, kBlue);
   ExpectSameGames();
   EXPECT_EQ(Count(mallory->Messages(), "GAMV}"), 0);
 }
@@ -109,7 +109,7 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   ASSERT_EQ(Log().find("differs"), std::string::npos);
   // A piece vanishes from Bob's board alone.
   const MoveRec move = FirstListedMove(host->game);
-  Square& lost = bob.game.board.at(move.fromX, move.fromY);
+  Square& lost = bob.game.match.position.board.at(move.fromX, move.fromY);
   lost.team = kNoTeam;
   lost.piece = kNoPiece;
   ASSERT_NE(bob.Text(), host->Text());
@@ -140,7 +140,7 @@ TEST_F(Guard, ChecksumsOfManyWatchersDoNotHoldUpAMove) {
   player->Send("GAMV}0" + kSep + "0" + kSep + "0");
   network.Pump();
   for (int pass = 0; pass < 3; ++pass) host->Pass();
-  EXPECT_EQ(host->game.currentTeam, kBlue);
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
 }
 
 TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheHost) {
@@ -151,16 +151,16 @@ TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheH
   Settle();
   network.Break(clients[0]->transport, clients[0]->session.nodeConnections[0]);
   network.Pump();
-  ASSERT_EQ(host->game.seatNode, (PerTeam<int>{0, 0, 0, 0}));
+  ASSERT_EQ(host->game.net.seatNode, (PerTeam<int>{0, 0, 0, 0}));
   net::GiveSeatToComputer(host->node, kRed, kBalanced);
   host->outside.clock += 100.0;
 
   Peer& back = Join("Bob");
   Settle();
-  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{1, 1, 0, 0}));
-  EXPECT_EQ(host->game.playerKinds[3], kBalanced);
-  EXPECT_EQ(back.game.seatNode, host->game.seatNode);
-  EXPECT_EQ(cid.game.seatNode, host->game.seatNode);
+  EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{1, 1, 0, 0}));
+  EXPECT_EQ(host->game.match.setup.playerKinds[3], kBalanced);
+  EXPECT_EQ(back.game.net.seatNode, host->game.net.seatNode);
+  EXPECT_EQ(cid.game.net.seatNode, host->game.net.seatNode);
   EXPECT_TRUE(cid.view.Saw("     *** Bob is back and plays White and Blue again."));
   EXPECT_TRUE(back.Text() == host->Text() && cid.Text() == host->Text());
 
@@ -170,7 +170,7 @@ TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheH
   host->outside.clock += 121.0;
   Join("Bob");
   Settle();
-  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{0, 0, 0, 0}));
+  EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{0, 0, 0, 0}));
 }
 
 TEST_F(Guard, OnlyPeersThatSpeakTheKeepAliveAreDroppedForSilence) {

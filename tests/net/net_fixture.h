@@ -64,7 +64,7 @@ struct Peer {
     outside.SetMenuChecked(Menu::OptionsShowComp, false);
     outside.SetMenuChecked(Menu::OptionsSfx, false);
     game.random = Random::Zero();
-    game.localPlayerName = name;
+    game.net.localPlayerName = name;
   }
   // One pass of the main loop: a game message, then the step of the mode.
   void Pass() {
@@ -72,11 +72,11 @@ struct Peer {
     RunPass(game, outside, screen);
   }
   void Click(int x, int y, bool left = true) {
-    game.clickPending = true;
-    game.clickX = x;
-    game.clickY = y;
-    game.clickLeft = left;
-    game.clickRight = !left;
+    game.view.clickPending = true;
+    game.view.clickX = x;
+    game.view.clickY = y;
+    game.view.clickLeft = left;
+    game.view.clickRight = !left;
   }
   std::string Text() const { return WriteGameText(game); }
 };
@@ -118,7 +118,7 @@ class NetTable : public ::testing::Test {
 
   NetTable() {
     host = std::make_unique<Peer>(network.AddEndpoint("10.0.0.1"), folder.Slashed(), "Ann");
-    host->game.netRole = kNetHostDialog;
+    host->game.net.netRole = kNetHostDialog;
     host->session.netPort = kTablePort;
     EXPECT_TRUE(net::OpenAsHost(host->node));
   }
@@ -126,7 +126,7 @@ class NetTable : public ::testing::Test {
   Peer& Join(const std::string& name) {
     clients.push_back(std::make_unique<Peer>(network.AddEndpoint(), folder.Slashed(), name));
     Peer& client = *clients.back();
-    client.game.netRole = kNetConnectDialog;
+    client.game.net.netRole = kNetConnectDialog;
     client.session.netPort = kTablePort;
     net::OpenAsClient(client.node);
     network.Pump();
@@ -172,7 +172,7 @@ class NetTable : public ::testing::Test {
   }
   void ExpectSameGames() {
     for (auto& client : clients)
-      EXPECT_EQ(client->Text(), host->Text()) << client->game.localPlayerName;
+      EXPECT_EQ(client->Text(), host->Text()) << client->game.net.localPlayerName;
   }
 };
 

@@ -9,8 +9,8 @@ TEST_F(NetTable, JoiningGivesNumbersNamesAndTheListToEveryone) {
   EXPECT_TRUE(host->view.Saw("Hosting as 'Ann' on IP=10.0.0.1, Port=5337 ..."));
   Peer& bob = Join("Bob");
   Peer& cid = Join("Cid");
-  EXPECT_EQ(bob.game.netRole, kNetClient);
-  EXPECT_EQ(cid.game.myNodeId, 2);
+  EXPECT_EQ(bob.game.net.netRole, kNetClient);
+  EXPECT_EQ(cid.game.net.myNodeId, 2);
   EXPECT_TRUE(cid.view.Saw("You are connected as Node #2") && cid.view.chatEnabled);
   EXPECT_TRUE(bob.view.Saw("     *** Cid has joined.") &&
               host->view.Saw("     *** Cid has joined."));
@@ -30,13 +30,13 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
   net::AssignSeat(host->node, kBlue, 2);
   net::AssignSeat(host->node, kRed, 2);
   Settle();
-  EXPECT_EQ(bob.game.seatNode, (PerTeam<int>{0, 2, 0, 2}));
+  EXPECT_EQ(bob.game.net.seatNode, (PerTeam<int>{0, 2, 0, 2}));
   EXPECT_EQ(bob.view.captions[1], "Cid");
 
   watcher.received.clear();
   network.Break(clients[1]->transport, clients[1]->session.nodeConnections[0]);
   network.Pump();
-  EXPECT_EQ(host->game.seatNode, (PerTeam<int>{}));
+  EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{}));
   EXPECT_TRUE(host->view.Saw("     *** Cid has disconnected"));
   const std::vector<std::string> told = watcher.Messages();
   ASSERT_EQ(told.size(), 3u);
@@ -47,7 +47,7 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
   EXPECT_EQ(bob.view.captions[1], "Ann(host)");
 
   Peer& eve = Join("Eve");
-  EXPECT_EQ(eve.game.myNodeId, 2);
+  EXPECT_EQ(eve.game.net.myNodeId, 2);
   EXPECT_EQ(host->session.nodeCount, 3);
   EXPECT_EQ(watcher.Messages().back(),
             "GCNL}3" + kSep + "Ann" + kSep + "Bob" + kSep + "Eve" + kSep + "Dee");
@@ -60,17 +60,17 @@ TEST_F(NetTable, SeatsGivenWhileAJoinerLoadsTheGameSurviveItsLoading) {
   net::GiveSeatToComputer(host->node, kBlack, kBalanced);
   network.Pump();
   Settle();
-  EXPECT_EQ(bob.game.playerKinds, host->game.playerKinds);
+  EXPECT_EQ(bob.game.match.setup.playerKinds, host->game.match.setup.playerKinds);
   ExpectSameGames();
 }
 
 TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
   StartGame(kAnarchy, {kBalanced, kHuman, kHuman, kHuman});
   host->Pass();  // the computer chooses: mode 9
-  ASSERT_EQ(host->game.gameMode, ModeComputerMoves);
+  ASSERT_EQ(host->game.turn.gameMode, ModeComputerMoves);
   Peer& bob = Join("Bob");
   Settle();
-  EXPECT_EQ(bob.game.currentTeam, kBlue);
+  EXPECT_EQ(bob.game.match.position.currentTeam, kBlue);
   ExpectSameGames();
 }
 

@@ -2,7 +2,7 @@
 // a frozen kingdom, history and every kind of seat.
 #pragma once
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "core/new_game_data.h"
 
 namespace varkesh::testing {
@@ -11,25 +11,25 @@ namespace varkesh::testing {
 inline Game SampleGame() {
   Game game;
   LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
-  game.gameName = "Friday";
-  game.gameType = kAnarchy;
-  game.kingCaptureRule = kKingdomFrozen;
-  game.roundNumber = 7;
-  game.currentTeam = kBlack;
-  game.playerKinds = {kHuman, kAggressive, kHuman, kDefensive};
-  game.castleRight = {false, true, true, false};
-  game.kingdomFallen = {true, false, false, false};
-  for (Square& square : game.board.squares) {
+  game.match.setup.gameName = "Friday";
+  game.match.position.gameType = kAnarchy;
+  game.match.position.kingCaptureRule = kKingdomFrozen;
+  game.match.position.roundNumber = 7;
+  game.match.position.currentTeam = kBlack;
+  game.match.setup.playerKinds = {kHuman, kAggressive, kHuman, kDefensive};
+  game.match.position.castleRight = {false, true, true, false};
+  game.match.position.kingdomFallen = {true, false, false, false};
+  for (Square& square : game.match.position.board.squares) {
     if (square.team == kWhite && square.piece == kKing)
       square = {kNoTeam, kNoPiece, kUnmarked, square.terrain, kNoTeam};
     if (square.team == kWhite) square.piece = -square.piece;
     if (square.realm == kWhite) square.realm = kNoTeam;
   }
-  game.dungeons[kBlack - 1].prisoners.Add({kWhite, kKing});
-  game.dungeons[kBlack - 1].prisoners.Add({kBlue, kQueen});
-  game.dungeons[kRed - 1].prisoners.Add({kBlack, kRook});
-  game.history[0] = {8, 3, 8, 5, kBlack, true};
-  game.history[1] = {3, 8, 5, 8, kBlue, false};
+  game.match.position.dungeons[kBlack - 1].prisoners.Add({kWhite, kKing});
+  game.match.position.dungeons[kBlack - 1].prisoners.Add({kBlue, kQueen});
+  game.match.position.dungeons[kRed - 1].prisoners.Add({kBlack, kRook});
+  game.match.position.history[0] = {8, 3, 8, 5, kBlack, true};
+  game.match.position.history[1] = {3, 8, 5, 8, kBlue, false};
   return game;
 }
 

@@ -26,7 +26,7 @@ Lines SplitLines(const std::string& text) {
 
 TEST(GameText, WritesTheLayoutLineByLine) {
   Game game = SampleGame();
-  game.gameName = "Say \"hi\",\r\nfriend\x01";
+  game.match.setup.gameName = "Say \"hi\",\r\nfriend\x01";
   Lines lines = SplitLines(WriteGameText(game));
 
   ASSERT_EQ(lines.size(), 306u);

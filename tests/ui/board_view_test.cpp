@@ -65,9 +65,9 @@ class BoardViewTest : public ::testing::Test {
     return {qRed(pixel), qGreen(pixel), qBlue(pixel)};
   }
   void Put(int x, int y, int team, int piece) {
-    game.board.at(x, y).team = team;
-    game.board.at(x, y).piece = piece;
-    game.boardChanged = true;
+    game.match.position.board.at(x, y).team = team;
+    game.match.position.board.at(x, y).piece = piece;
+    game.view.boardChanged = true;
   }
 
   GeneralEngine engine;
@@ -110,8 +110,8 @@ TEST_F(BoardViewTest, AHumanSeatInASessionIsNamedByItsPlayerAComputerSeatByItsKi
   BoardView named(gdi, engine, art, hooks);
   const QRect whiteName(325, 578, 150, 20);
   const auto drawn = [&](BoardView& view, int whiteKind) {
-    game.playerKinds[0] = whiteKind;
-    game.boardChanged = true;
+    game.match.setup.playerKinds[0] = whiteKind;
+    game.view.boardChanged = true;
     view.DrawBoardWithPieces(game);
     return gdi.Picture(art.backBuffer).copy(whiteName);
   };

@@ -50,22 +50,22 @@ TEST_F(MainWindowTest, AClickGivesItsButtonAndTheSquareOfTheRoundedPosition) {
   ASSERT_EQ(view.contentsRect().size(), QSize(600, 600));
   const QPoint inner = view.contentsRect().topLeft();
   QTest::mouseClick(&view, Qt::RightButton, {}, inner + QPoint(40, 75));
-  EXPECT_TRUE(game.clickPending && game.clickRight && !game.clickLeft);
-  EXPECT_EQ(std::pair(game.clickX, game.clickY), std::pair(1, 2));
+  EXPECT_TRUE(game.view.clickPending && game.view.clickRight && !game.view.clickLeft);
+  EXPECT_EQ(std::pair(game.view.clickX, game.view.clickY), std::pair(1, 2));
   QTest::mouseClick(&view, Qt::LeftButton, {}, inner + QPoint(599, 0));
-  EXPECT_TRUE(game.clickLeft);
-  EXPECT_EQ(std::pair(game.clickX, game.clickY), std::pair(17, 0)) << "the last pixels";
+  EXPECT_TRUE(game.view.clickLeft);
+  EXPECT_EQ(std::pair(game.view.clickX, game.view.clickY), std::pair(17, 0)) << "the last pixels";
   EXPECT_EQ(ViewWidget::SquareOfClick(34.5, 600), 1) << "rounded before it is divided";
   EXPECT_EQ(ViewWidget::SquareOfClick(299, 300), 16) << "on a shrunk view";
 }
 
 TEST_F(MainWindowTest, AboutAlwaysLeadsBackToWhereThePlayerWas) {
-  game.gameMode = ModeChooseDestination;
+  game.turn.gameMode = ModeChooseDestination;
   QAction& about = *window.findChild<QAction*>("mnuHelpAbout");
   about.trigger();
   about.trigger();  // twice in a row, or while the title shows
-  EXPECT_EQ(game.gameMode, ModeTitle);
-  EXPECT_EQ(game.modeAfterTitle, ModeChooseDestination);
+  EXPECT_EQ(game.turn.gameMode, ModeTitle);
+  EXPECT_EQ(game.turn.modeAfterTitle, ModeChooseDestination);
 }
 
 TEST_F(MainWindowTest, TheHelpMenuOpensLocalChaptersAndTheLogFolder) {

@@ -135,8 +135,8 @@ double ConfirmOnHost(RunningProgram& host, const std::vector<RunningProgram*>& c
   host.ClickSquare(x, y, Qt::RightButton);
   const auto drawn = [&](RunningProgram& client) {
     const Game& game = client.game();
-    return game.board.at(x, y).team == team && game.history[0].team == team &&
-           game.currentTeam != team && !game.boardChanged;
+    return game.match.position.board.at(x, y).team == team && game.match.position.history[0].team == team &&
+           game.match.position.currentTeam != team && !game.view.boardChanged;
   };
   for (RunningProgram* client : clients)
     while (!drawn(*client) && clock.elapsed() < 10000)

@@ -11,7 +11,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
-#include "core/game.h"
+#include "flow/game.h"
 #include "persist/settings.h"
 #include "ui/chat_window.h"
 #include "ui/connect_dialog.h"
@@ -29,7 +29,7 @@ T& Child(QWidget& parent, const QString& name) {
 TEST(ConnectDialog, ConnectNeedsANamePortAndWhenJoiningAnAddress) {
   for (const int role : {kNetHostDialog, kNetConnectDialog}) {
     Game game;
-    game.netRole = role;
+    game.net.netRole = role;
     ConnectDialog dialog(game, nullptr);
     dialog.show();
     const bool hosting = role == kNetHostDialog;
@@ -55,14 +55,14 @@ TEST(ConnectDialog, ConnectNeedsANamePortAndWhenJoiningAnAddress) {
     EXPECT_EQ(choice.playerName, "Ada");
     EXPECT_EQ(choice.port, 6000);
     EXPECT_EQ(choice.hostAddress, hosting ? "" : "10.0.0.7");
-    EXPECT_EQ(game.netRole, role);
+    EXPECT_EQ(game.net.netRole, role);
   }
   Game game;
-  game.netRole = kNetConnectDialog;
+  game.net.netRole = kNetConnectDialog;
   ConnectDialog dialog(game, nullptr);
   dialog.show();
   QTest::keyClick(&dialog, Qt::Key_Escape);
-  EXPECT_EQ(game.netRole, kNetNone) << "cancelled";
+  EXPECT_EQ(game.net.netRole, kNetNone) << "cancelled";
   EXPECT_EQ(LeadingNumber("port"), 0);
   EXPECT_EQ(LeadingNumber("99999999999"), std::numeric_limits<int>::max());
 }

@@ -50,18 +50,18 @@ TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillCompl
       },
       false);
   ASSERT_TRUE(run.window().IsMenuChecked(Menu::OptionsSfx));
-  const BoardSquare from = game.moveablePieces[1];
+  const BoardSquare from = game.view.moveablePieces[1];
   run.ClickSquare(from.x, from.y);
   ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  const BoardSquare to = game.moveablePieces[1];
+  const BoardSquare to = game.view.moveablePieces[1];
   run.ClickSquare(to.x, to.y);
   ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
   run.ClickSquare(to.x, to.y, Qt::RightButton);
   EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the turn passed without the sound";
-  EXPECT_EQ(game.board.at(from.x, from.y).piece, kNoPiece);
+  EXPECT_EQ(game.match.position.board.at(from.x, from.y).piece, kNoPiece);
 
   run.window().findChild<QAction*>("mnuHelpAbout")->trigger();
-  ASSERT_TRUE(run.WaitFor([&game] { return game.titleLoaded; }));
+  ASSERT_TRUE(run.WaitFor([&game] { return game.turn.titleLoaded; }));
   QTest::qWait(100);  // some passes of the title without its picture
   run.ClickSquare(8, 8);
   EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the click leaves the title";

@@ -57,7 +57,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   Game& game = run.game();
   MainWindow& window = run.window();
   window.menuAction(Menu::OptionsShowComp).trigger();
-  ASSERT_TRUE(run.WaitFor([&game] { return game.titleLoaded; }));
+  ASSERT_TRUE(run.WaitFor([&game] { return game.turn.titleLoaded; }));
   Shoot(run, "title");
 
   {
@@ -77,36 +77,36 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   EXPECT_FALSE(window.view().PauseButton().isHidden());
   PlayMove(run, {7, 14}, BoardSquare{6, 12}, "move-path");  // a White Knight
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
-  PlayMove(run, game.moveablePieces[1]);
+  PlayMove(run, game.view.moveablePieces[1]);
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-  EXPECT_EQ(game.history[0].team, kRed) << "the computer seats have played";
+  EXPECT_EQ(game.match.position.history[0].team, kRed) << "the computer seats have played";
 
   // Saved through the file dialog, changed by a move, and loaded back.
   const std::string saved = run.folder() + "match.vsh";
   run.documents().answers = {saved, saved};
   run.PressShortcut(Qt::Key_S);
   ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
-  const Board savedBoard = game.board;
-  PlayMove(run, game.moveablePieces[1]);
-  EXPECT_NE(game.board.squares, savedBoard.squares);
+  const Board savedBoard = game.match.position.board;
+  PlayMove(run, game.view.moveablePieces[1]);
+  EXPECT_NE(game.match.position.board.squares, savedBoard.squares);
   {  // the game is no longer saved, so loading asks first
     const auto yes = test::AnswerQuestion("Load Different Game?", QMessageBox::Yes);
     run.PressShortcut(Qt::Key_L);
   }
-  EXPECT_EQ(game.board.squares, savedBoard.squares);
-  EXPECT_EQ(std::tuple(game.currentTeam, game.roundNumber, game.gameMode),
+  EXPECT_EQ(game.match.position.board.squares, savedBoard.squares);
+  EXPECT_EQ(std::tuple(game.match.position.currentTeam, game.match.position.roundNumber, game.turn.gameMode),
             std::tuple(kWhite, 2, ModeChoosePiece));
 
   // A White Pawn at the door of Black's keep walks in and takes its second option.
-  game.board.at(8, 3).team = kWhite;
-  game.board.at(8, 3).piece = kPawn;
-  game.board.at(8, 2).team = kNoTeam;
-  game.board.at(8, 2).piece = kNoPiece;
+  game.match.position.board.at(8, 3).team = kWhite;
+  game.match.position.board.at(8, 3).piece = kPawn;
+  game.match.position.board.at(8, 2).team = kNoTeam;
+  game.match.position.board.at(8, 2).piece = kNoPiece;
   ClearMarks(game);
   ClearMoveablePieces(game);
   FindMoveablePieces(game, kWhite, true, false);
-  game.boardChanged = true;
-  const int prisonersBefore = game.dungeons[0].PrisonerCount();
+  game.view.boardChanged = true;
+  const int prisonersBefore = game.match.position.dungeons[0].PrisonerCount();
   QString chosenLine;
   {
     const auto select = test::WhenModalOpens([&](QWidget& dialog) {
@@ -120,25 +120,25 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     PlayMove(run, {8, 3}, BoardSquare{8, 2});
   }
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
-  EXPECT_EQ(game.board.at(8, 2).piece, kNoPiece) << "the pawn is spent with its capture";
-  ASSERT_EQ(game.dungeons[0].PrisonerCount(), prisonersBefore + 1);
-  const DungeonPiece taken = game.dungeons[0].prisoners[prisonersBefore + 1];
+  EXPECT_EQ(game.match.position.board.at(8, 2).piece, kNoPiece) << "the pawn is spent with its capture";
+  ASSERT_EQ(game.match.position.dungeons[0].PrisonerCount(), prisonersBefore + 1);
+  const DungeonPiece taken = game.match.position.dungeons[0].prisoners[prisonersBefore + 1];
   EXPECT_EQ(chosenLine, QString("Capture Black's ") + PieceName(taken.piece));
 
   // Blue and then White resign: Black and Red have won.
   Resign(run);
-  EXPECT_TRUE(game.kingdomFallen[1]);
+  EXPECT_TRUE(game.match.position.kingdomFallen[1]);
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
   Shoot(run, "frozen-kingdom");
   for (int captor = kWhite; captor <= kRed; ++captor)  // dungeons past their first ten
     for (int i = 0; i < 13; ++i)
       AddPieceToDungeon(game, captor, (captor + i % 3) % kTeamCount + 1, kBishop + i % 5);
-  game.boardChanged = true;
+  game.view.boardChanged = true;
   Shoot(run, "full-dungeon");
   Resign(run);
   ASSERT_TRUE(run.WaitFor(ModeVictory));
   Shoot(run, "victory");
-  EXPECT_EQ(std::pair(game.winner, game.coWinner), std::pair(kBlack, kRed));
+  EXPECT_EQ(std::pair(game.match.position.winner, game.match.position.coWinner), std::pair(kBlack, kRed));
   EXPECT_TRUE(window.view().PauseButton().isHidden());
   EXPECT_FALSE(window.menuAction(Menu::Resign).isEnabled());
   run.ClickSquare(3, 3);

@@ -12,8 +12,9 @@ AiPosition ReadAiPosition(const Args& args, const std::string& usageLine) {
     requested = ParseInt(options.Value("personality"), usageLine);
     if (requested < kAggressive || requested > kDefensive) Usage(usageLine);
   }
-  AiPosition position{ReadGameFile(options.positional[0]), 0};
-  position.personality = ResolvePersonality(position.game, requested);
+  AiPosition position{ReadGameFile(options.positional[0]), 0, {}};
+  position.personality =
+      ResolvePersonality(position.game.match.position, position.game.match.setup, requested);
   if (position.personality == kHuman) Usage(usageLine);
   position.game.random = Random::Zero();
   return position;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "ai/move_scoring.h"
 #include "cli.h"
 
 namespace varkesh::cli {
@@ -11,6 +12,7 @@ namespace varkesh::cli {
 struct AiPosition {
   Game game;
   int personality = 0;
+  AiMoveList moves;
 };
 
 // "FILE [--personality P]": P from 1 to 3, by default the seat's own; a

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/game.h"
+#include "flow/game.h"
 
 namespace varkesh::cli {
 
@@ -59,6 +59,7 @@ int CmdEncode(const Args& args);
 int CmdScores(const Args& args);
 int CmdAimove(const Args& args);
 int CmdSelfplay(const Args& args);
+int CmdPerft(const Args& args);
 int CmdHost(const Args& args);
 int CmdJoin(const Args& args);
 

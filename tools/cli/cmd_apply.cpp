@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "cli.h"
-#include "core/rules.h"
 #include "flow/main_loop.h"
+#include "flow/turn.h"
 #include "load_for_play.h"
 
 namespace varkesh::cli {
@@ -16,16 +16,16 @@ BoardSquare ParseSquare(const std::string& x, const std::string& y) {
 }
 
 int MarkOf(const Game& game, BoardSquare square) {
-  return Board::InBounds(square.x, square.y) ? game.board.at(square.x, square.y).mark : kUnmarked;
+  return game.view.MarkAt(square.x, square.y);
 }
 
 // One pass of the loop after a click, as the window reports it.
-void Click(Game& game, HeadlessOutside& outside, BoardSquare square, bool left) {
-  game.clickPending = true;
-  game.clickX = square.x;
-  game.clickY = square.y;
-  game.clickLeft = left;
-  game.clickRight = !left;
+void Click(Game& game, ToolOutside& outside, BoardSquare square, bool left) {
+  game.view.clickPending = true;
+  game.view.clickX = square.x;
+  game.view.clickY = square.y;
+  game.view.clickLeft = left;
+  game.view.clickRight = !left;
   GameView headless;
   RunPass(game, outside, headless);
 }
@@ -45,18 +45,16 @@ int CmdApply(const Args& args) {
     if (optionLine < 0) Usage(kUsage);
   }
 
-  HeadlessOutside outside;
+  ToolOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
-  game.netRole = kNetNone;
+  game.net.netRole = kNetNone;
   // The human selection, whoever holds the seat.
-  ClearMarks(game);
-  ClearMoveablePieces(game);
-  FindMoveablePieces(game, game.currentTeam, true, false);
-  game.gameMode = ModeChoosePiece;
+  MarkMoveablePieces(game, true);
+  game.turn.gameMode = ModeChoosePiece;
   if (MarkOf(game, from) != kMarkMoveable)
     BadInput("varkesh-cli: (" + std::to_string(from.x) + ", " + std::to_string(from.y) +
-             ") holds no piece of " + TeamName(game.currentTeam) + " that can move");
+             ") holds no piece of " + TeamName(game.match.position.currentTeam) + " that can move");
   Click(game, outside, from, true);
   if (MarkOf(game, to) != kMarkDestination)
     BadInput("varkesh-cli: the piece on (" + std::to_string(from.x) + ", " +
@@ -66,8 +64,8 @@ int CmdApply(const Args& args) {
   if (optionLine >= 0) outside.pawnOptionPicks.push_back(optionLine);
   Click(game, outside, to, false);
   FailOnReportedFault(outside);
-  if (optionLine >= 0 && !outside.lastPawnOptions.empty() &&
-      optionLine >= static_cast<int>(outside.lastPawnOptions.size()))
+  if (optionLine >= 0 && !outside.pawnOptionDialogs.empty() &&
+      optionLine >= static_cast<int>(outside.pawnOptionDialogs.back().size()))
     BadInput("varkesh-cli: the pawn has no option " + std::to_string(optionLine));
   PrintGame(game);
   return 0;

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "ai/computer.h"
 #include "cli.h"
 #include "core/rules.h"
+#include "flow/accept_move.h"
 #include "load_for_play.h"
 
 namespace varkesh::cli {
@@ -21,18 +21,18 @@ int CmdApplyComputer(const Args& args) {
   const int toX = ParseInt(options.positional[3], kUsage);
   const int toY = ParseInt(options.positional[4], kUsage);
 
-  HeadlessOutside outside;
+  ToolOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
-  game.netRole = kNetNone;
-  if (!IsListedMove(game, fromX, fromY, toX, toY))
-    BadInput("varkesh-cli: " + std::string(TeamName(game.currentTeam)) + " has no move from (" +
+  game.net.netRole = kNetNone;
+  if (!IsListedMove(game.match.position, fromX, fromY, toX, toY))
+    BadInput("varkesh-cli: " + std::string(TeamName(game.match.position.currentTeam)) + " has no move from (" +
              std::to_string(fromX) + ", " + std::to_string(fromY) + ") to (" + std::to_string(toX) +
              ", " + std::to_string(toY) + ")");
-  game.moveFromX = fromX;
-  game.moveFromY = fromY;
-  game.moveToX = toX;
-  game.moveToY = toY;
+  game.turn.moveFromX = fromX;
+  game.turn.moveFromY = fromY;
+  game.turn.moveToX = toX;
+  game.turn.moveToY = toY;
   CarryOutAImove(game, outside);
   PrintGame(game);
   return 0;

@@ -3,7 +3,7 @@
 
 #include "cli.h"
 #include "persist/file_coder.h"
-#include "persist/game_text.h"
+#include "persist/saved_game.h"
 
 namespace varkesh::cli {
 
@@ -34,7 +34,7 @@ int CmdEncode(const Args& args) {
   // Written anew from what was read, so the coded file holds the exact layout
   // even when the input had LF line ends or an old-style name.
   Game game = ReadGameFile(options.positional[0]);
-  WriteFileBytes(options.positional[1], EncodeText(WriteGameText(game)));
+  WriteFileBytes(options.positional[1], EncodeSavedGame(game.match, &game.view.marks));
   return 0;
 }
 

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "cli.h"
-#include "core/rules.h"
+#include "core/piece_moves.h"
 
 namespace varkesh::cli {
 
@@ -13,12 +13,11 @@ int CmdMoves(const Args& args) {
   std::string out;
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
-      if (game.board.at(x, y).piece <= kNoPiece) continue;
+      if (game.match.position.board.at(x, y).piece <= kNoPiece) continue;
       out += std::to_string(x) + "," + std::to_string(y) + ":";
-      game.moveList.Clear();
-      FindMoves(game, x, y, false, true);
-      for (const MoveRec& move : game.moveList)
-        out += " " + std::to_string(move.toX) + "," + std::to_string(move.toY);
+      FindMoves(game.match.position, x, y, [&](int toX, int toY) {
+        out += " " + std::to_string(toX) + "," + std::to_string(toY);
+      });
       out += "\n";
     }
   }

@@ -32,7 +32,7 @@ int CmdNew(const Args& args) {
   choice.name = Trimmed(options.Value("name", "Varkesh Game"));
   if (choice.name.empty()) Usage(kUsage);
 
-  HeadlessOutside outside;
+  ToolOutside outside;
   UseToolFolder(outside);
   outside.newGameChoices.push_back(choice);
   Game game;

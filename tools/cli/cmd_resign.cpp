@@ -2,6 +2,7 @@
 
 #include "cli.h"
 #include "core/resign.h"
+#include "flow/resign.h"
 #include "load_for_play.h"
 
 namespace varkesh::cli {
@@ -17,13 +18,13 @@ int CmdResign(const Args& args) {
   if (options.positional.size() != 1) Usage(kUsage);
   int concedeTeam = options.Has("to") ? ParseInt(options.Value("to"), kUsage) : kNoTeam;
 
-  HeadlessOutside outside;
+  ToolOutside outside;
   UseToolFolder(outside);
   Game game = LoadForPlay(options.positional[0], outside);
-  if (game.kingCaptureRule == kKingdomGained && options.Has("to")) {
-    std::vector<int> offers = ConcedeOffers(game);
+  if (game.match.position.kingCaptureRule == kKingdomGained && options.Has("to")) {
+    std::vector<int> offers = ConcedeOffers(game.match.position);
     if (std::find(offers.begin(), offers.end(), concedeTeam) == offers.end())
-      BadInput("varkesh-cli: " + std::string(TeamName(game.currentTeam)) +
+      BadInput("varkesh-cli: " + std::string(TeamName(game.match.position.currentTeam)) +
                " cannot concede to team " + std::to_string(concedeTeam));
     outside.concedePicks.push_back(concedeTeam);
   }

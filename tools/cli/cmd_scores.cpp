@@ -2,18 +2,21 @@
 
 #include "ai/move_scoring.h"
 #include "ai_position.h"
-#include "headless_outside.h"
+#include "flow/thinking_outside.h"
+#include "tool_outside.h"
 
 namespace varkesh::cli {
 
 int CmdScores(const Args& args) {
   AiPosition position = ReadAiPosition(args, "scores FILE [--personality P]");
   Game& game = position.game;
-  HeadlessOutside outside;
-  BuildAiMoveList(game);
-  ScoreAiMoves(game, outside, position.personality, AiLog{});
-  for (int i = 1; i <= game.moveList.Count(); ++i) {
-    const MoveRec& move = game.moveList[i];
+  ToolOutside outside;
+  ThinkingOutside thinking(outside);
+  AiMoveList& moves = position.moves;
+  BuildAiMoveList(game.match.position, moves);
+  ScoreAiMoves(game.match.position, moves, game.random, thinking, position.personality, AiLog{});
+  for (int i = 1; i <= moves.Count(); ++i) {
+    const MoveRec& move = moves[i];
     std::printf("%d %d %d %d %d %d %d %d %d\n", i, move.fromX, move.fromY, move.toX, move.toY,
                 move.captureScore, move.threatScore, move.weakThreatScore, move.dangerScore);
   }

@@ -77,10 +77,10 @@ NewGameChoice ChoiceFor(const Settings& settings, std::uint64_t seed) {
 }
 
 bool ComputerOnTurn(const Game& game) {
-  return game.gameMode == ModeComputerThinks || game.gameMode == ModeComputerMoves;
+  return game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves;
 }
 
-Result PlayGame(HeadlessOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
+Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
                 int maxRounds) {
   const auto start = std::chrono::steady_clock::now();
   outside.newGameChoices.push_back(choice);
@@ -89,15 +89,15 @@ Result PlayGame(HeadlessOutside& outside, const NewGameChoice& choice, std::uint
   NewGameCommand(game, outside);
   GameView headless;
   Result result;
-  while (ComputerOnTurn(game) && game.roundNumber <= maxRounds) {
-    if (game.gameMode == ModeComputerMoves) ++result.moves;
+  while (ComputerOnTurn(game) && game.match.position.roundNumber <= maxRounds) {
+    if (game.turn.gameMode == ModeComputerMoves) ++result.moves;
     RunPass(game, outside, headless);
   }
   FailOnReportedFault(outside);
-  result.won = game.gameMode == ModeVictorySetUp;
-  result.winner = result.won ? game.winner : kNoTeam;
-  result.coWinner = result.won ? game.coWinner : kNoTeam;
-  result.rounds = std::min(game.roundNumber, maxRounds);
+  result.won = game.turn.gameMode == ModeVictorySetUp;
+  result.winner = result.won ? game.match.position.winner : kNoTeam;
+  result.coWinner = result.won ? game.match.position.coWinner : kNoTeam;
+  result.rounds = std::min(game.match.position.roundNumber, maxRounds);
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   return result;
 }
@@ -110,7 +110,7 @@ const char* TeamOrNone(int team) {
 
 int CmdSelfplay(const Args& args) {
   const Settings settings = ParseSettings(args);
-  HeadlessOutside outside;
+  ToolOutside outside;
   UseToolFolder(outside);
 
   int won = 0;

@@ -3,19 +3,25 @@
 #include "cli.h"
 #include "persist/file_coder.h"
 #include "persist/game_text.h"
+#include "persist/saved_game.h"
 
 namespace varkesh::cli {
 
 Game ReadGameFile(const std::string& path) {
-  std::string text;
+  Game game;
   try {
-    text = ReadFileBytes(path);
-    if (LooksCoded(text)) text = DecodeText(text);
+    const std::string bytes = ReadFileBytes(path);
+    if (LooksCoded(bytes)) {
+      DecodeSavedGame(bytes, game.match, &game.view.marks);
+      return game;
+    }
+    if (auto problem =
+            ReadGameText(bytes, game.match.position, game.match.setup, &game.view.marks))
+      BadInput("varkesh-cli: " + path + ": " + *problem);
   } catch (const std::runtime_error& error) {
     BadInput("varkesh-cli: " + path + ": " + error.what());
   }
-  Game game;
-  if (auto problem = ReadGameText(text, game)) BadInput("varkesh-cli: " + path + ": " + *problem);
+  game.match.BeginRecord();
   return game;
 }
 

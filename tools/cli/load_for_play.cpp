@@ -10,7 +10,7 @@
 
 namespace varkesh::cli {
 
-void UseToolFolder(HeadlessOutside& outside) {
+void UseToolFolder(ToolOutside& outside) {
   std::error_code error;
   std::filesystem::path tool = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) return;
@@ -21,20 +21,20 @@ void UseToolFolder(HeadlessOutside& outside) {
   outside.engine.logsOff = outside.engine.logPath.empty();
 }
 
-Game LoadForPlay(const std::string& path, HeadlessOutside& outside) {
+Game LoadForPlay(const std::string& path, ToolOutside& outside) {
   Game game = ReadGameFile(path);
   ResumeLoadedGame(game, outside);
   return game;
 }
 
-void FailOnReportedFault(const HeadlessOutside& outside) {
+void FailOnReportedFault(const ToolOutside& outside) {
   if (outside.faultReported)
     BadInput("varkesh-cli: the game met a fault; details are in '" +
              LogFile(outside.engine, "error_main.log") + "'");
 }
 
 void PrintGame(const Game& game) {
-  std::string text = WriteGameText(game);
+  std::string text = GameImage(game);
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 

@@ -24,6 +24,7 @@ constexpr Command kCommands[] = {
     {"aimove", varkesh::cli::CmdAimove, "FILE [--personality P]"},
     {"selfplay", varkesh::cli::CmdSelfplay,
      "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]"},
+    {"perft", varkesh::cli::CmdPerft, "FILE DEPTH [--divide]"},
     {"host", varkesh::cli::CmdHost, "[--port P] [--name NAME] [--game FILE]"},
     {"join", varkesh::cli::CmdJoin, "[--address A] [--port P] [--name NAME]"},
 };

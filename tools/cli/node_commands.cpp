@@ -9,6 +9,7 @@
 #include "cli.h"
 #include "core/resign.h"
 #include "core/rules.h"
+#include "flow/resign.h"
 #include "event_line.h"
 #include "flow/new_game.h"
 #include "flow/save_load.h"
@@ -64,13 +65,13 @@ std::string Square(int x, int y) {
 }
 
 bool HumanTurn(const Game& game) {
-  return game.gameMode == ModeChoosePiece || game.gameMode == ModeChooseDestination ||
-         game.gameMode == ModeConfirmMove;
+  return game.turn.gameMode == ModeChoosePiece || game.turn.gameMode == ModeChooseDestination ||
+         game.turn.gameMode == ModeConfirmMove;
 }
 
 }  // namespace
 
-NodeCommands::NodeCommands(net::NetNode& node, HeadlessOutside& outside, HeadlessNetView& view)
+NodeCommands::NodeCommands(net::NetNode& node, ToolOutside& outside, HeadlessNetView& view)
     : node_(node), game_(node.game), outside_(outside), view_(view) {}
 
 void NodeCommands::Queue(std::string line) {
@@ -91,11 +92,11 @@ bool NodeCommands::RunDue() {
   if (!clicks_.empty()) {
     const Click click = clicks_.front();
     clicks_.pop_front();
-    game_.clickPending = true;
-    game_.clickX = click.x;
-    game_.clickY = click.y;
-    game_.clickLeft = click.left;
-    game_.clickRight = !click.left;
+    game_.view.clickPending = true;
+    game_.view.clickX = click.x;
+    game_.view.clickY = click.y;
+    game_.view.clickLeft = click.left;
+    game_.view.clickRight = !click.left;
   }
   return true;
 }
@@ -105,8 +106,8 @@ void NodeCommands::AfterPass() {
   const int option = *moveOption_;
   moveOption_.reset();
   outside_.pawnOptionPicks.clear();
-  if (option >= 0 && !outside_.lastPawnOptions.empty() &&
-      option >= static_cast<int>(outside_.lastPawnOptions.size()))
+  if (option >= 0 && !outside_.pawnOptionDialogs.empty() &&
+      option >= static_cast<int>(outside_.pawnOptionDialogs.back().size()))
     PrintEventLine("error the pawn has no option " + std::to_string(option) +
                    "; the dialog closed without a choice");
 }
@@ -152,9 +153,9 @@ void NodeCommands::Run(const std::string& line) {
 }
 
 bool NodeCommands::SeatIsHere() const {
-  if (TeamEntry(game_.playerKinds, game_.currentTeam, -1) != kHuman) return false;
-  return game_.netRole == kNetNone ||
-         TeamEntry(game_.seatNode, game_.currentTeam, -1) == game_.myNodeId;
+  if (TeamEntry(game_.match.setup.playerKinds, game_.match.position.currentTeam, -1) != kHuman) return false;
+  return game_.net.netRole == kNetNone ||
+         TeamEntry(game_.net.seatNode, game_.match.position.currentTeam, -1) == game_.net.myNodeId;
 }
 
 void NodeCommands::Move(const std::vector<std::string>& words) {
@@ -167,13 +168,13 @@ void NodeCommands::Move(const std::vector<std::string>& words) {
   if (!HumanTurn(game_)) throw Refusal{"no move is awaited now"};
   if (!SeatIsHere())
     throw Refusal{std::string("this node does not hold the seat of ") +
-                  TeamName(game_.currentTeam)};
-  if (!IsListedMove(game_, fromX, fromY, toX, toY))
-    throw Refusal{std::string(TeamName(game_.currentTeam)) + " has no move from " +
+                  TeamName(game_.match.position.currentTeam)};
+  if (!IsListedMove(game_.match.position, fromX, fromY, toX, toY))
+    throw Refusal{std::string(TeamName(game_.match.position.currentTeam)) + " has no move from " +
                   Square(fromX, fromY) + " to " + Square(toX, toY)};
   clicks_ = {{fromX, fromY, true}, {toX, toY, true}, {toX, toY, false}};
   moveOption_ = option;
-  outside_.lastPawnOptions.clear();
+  outside_.pawnOptionDialogs.clear();
   outside_.pawnOptionPicks.clear();
   if (option >= 0) outside_.pawnOptionPicks.push_back(option);
 }
@@ -183,13 +184,13 @@ void NodeCommands::Resign(const std::vector<std::string>& words) {
   if (!HumanTurn(game_) || !SeatIsHere() || !outside_.IsMenuEnabled(Menu::Resign))
     throw Refusal{"this node cannot resign now"};
   const bool no = words.size() == 2 && words[1] == "no";
-  const bool gained = game_.kingCaptureRule == kKingdomGained;
+  const bool gained = game_.match.position.kingCaptureRule == kKingdomGained;
   if (words.size() == 2 && !no) {
     if (!gained) throw Refusal{"a team is conceded to only under Kingdom Gained"};
     const int team = Number(words[1], kWhite, kRed);
-    std::vector<int> offers = ConcedeOffers(game_);
+    std::vector<int> offers = ConcedeOffers(game_.match.position);
     if (std::find(offers.begin(), offers.end(), team) == offers.end())
-      throw Refusal{std::string(TeamName(game_.currentTeam)) + " cannot concede to team " +
+      throw Refusal{std::string(TeamName(game_.match.position.currentTeam)) + " cannot concede to team " +
                     words[1]};
     outside_.concedePicks = {team};
   } else if (no && gained) {
@@ -202,7 +203,7 @@ void NodeCommands::Resign(const std::vector<std::string>& words) {
 }
 
 void NodeCommands::RequireHost(const std::string& command) const {
-  if (game_.netRole != kNetHosting) throw Refusal{"only the host can " + command};
+  if (game_.net.netRole != kNetHosting) throw Refusal{"only the host can " + command};
 }
 
 void NodeCommands::RequireMenus(std::initializer_list<Menu> menus, const std::string& what) const {
@@ -265,7 +266,7 @@ void NodeCommands::Load(const std::vector<std::string>& words) {
   outside_.loadPaths.clear();
   outside_.yesNoAnswers.clear();
   if (!coded.empty()) {
-    if (game_.saveFilePath == coded.string()) game_.saveFilePath.clear();
+    if (game_.turn.saveFilePath == coded.string()) game_.turn.saveFilePath.clear();
     std::error_code ignored;
     std::filesystem::remove(coded, ignored);
   }
@@ -310,22 +311,22 @@ void NodeCommands::Chat(const std::string& line) {
 
 void NodeCommands::Save(const std::vector<std::string>& words) {
   if (words.size() != 2) throw Refusal{"usage: save FILE"};
-  if (game_.gameMode == ModeTitle || game_.gameMode == ModeNoGame)
+  if (game_.turn.gameMode == ModeTitle || game_.turn.gameMode == ModeNoGame)
     throw Refusal{"there is no game to save"};
   // The Save Game command with FILE chosen in its dialog.
-  const std::string kept = game_.saveFilePath;
-  game_.saveFilePath.clear();
+  const std::string kept = game_.turn.saveFilePath;
+  game_.turn.saveFilePath.clear();
   outside_.savePaths = {words[1]};
   SaveGameCommand(game_, outside_);
   outside_.savePaths.clear();
-  if (game_.saveFilePath != words[1]) {
-    game_.saveFilePath = kept;
+  if (game_.turn.saveFilePath != words[1]) {
+    game_.turn.saveFilePath = kept;
     throw Refusal{"could not save '" + words[1] + "'"};
   }
 }
 
 void NodeCommands::Show() const {
-  const std::string text = WriteGameText(game_);
+  const std::string text = GameImage(game_);
   std::vector<std::string> lines;
   std::size_t start = 0;
   while (start < text.size()) {
@@ -348,8 +349,8 @@ void NodeCommands::Nodes() const {
 void NodeCommands::Seats() const {
   for (int team = kWhite; team <= kRed; ++team) {
     PrintEventLine("seat " + std::to_string(team) + " " +
-                   std::to_string(TeamEntry(game_.playerKinds, team)) + " " +
-                   std::to_string(TeamEntry(game_.seatNode, team)) + " " +
+                   std::to_string(TeamEntry(game_.match.setup.playerKinds, team)) + " " +
+                   std::to_string(TeamEntry(game_.net.seatNode, team)) + " " +
                    TeamEntry(view_.seatCaptions, team));
   }
 }

@@ -9,14 +9,14 @@
 #include <vector>
 
 #include "headless_net_view.h"
-#include "headless_outside.h"
+#include "tool_outside.h"
 #include "net/node.h"
 
 namespace varkesh::cli {
 
 class NodeCommands {
  public:
-  NodeCommands(net::NetNode& node, HeadlessOutside& outside, HeadlessNetView& view);
+  NodeCommands(net::NetNode& node, ToolOutside& outside, HeadlessNetView& view);
 
   void Queue(std::string line);
   // Before a pass: runs the waiting commands up to the next click, and
@@ -53,7 +53,7 @@ class NodeCommands {
 
   net::NetNode& node_;
   Game& game_;
-  HeadlessOutside& outside_;
+  ToolOutside& outside_;
   HeadlessNetView& view_;
   std::deque<std::string> lines_;
   std::deque<Click> clicks_;

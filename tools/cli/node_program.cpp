@@ -19,7 +19,7 @@
 #include "flow/main_loop.h"
 #include "flow/save_load.h"
 #include "headless_net_view.h"
-#include "headless_outside.h"
+#include "tool_outside.h"
 #include "load_for_play.h"
 #include "net/node.h"
 #include "net/qt_transport.h"
@@ -63,7 +63,7 @@ class NodeRun {
   bool BytesWaiting() const;
 
   const NodeSettings& settings_;
-  HeadlessOutside outside_;
+  ToolOutside outside_;
   HeadlessNetView view_;
   GameView gameView_;  // nothing is drawn
   Game game_;
@@ -90,23 +90,23 @@ bool NodeRun::Open() {
   if (settings_.host && !settings_.gameFile.empty()) {
     game_ = ReadGameFile(settings_.gameFile);
     ResumeLoadedGame(game_, outside_);
-    game_.gameSaved = true;
+    game_.turn.gameSaved = true;
   }
   game_.random.Seed(static_cast<std::uint64_t>(
       std::chrono::high_resolution_clock::now().time_since_epoch().count()));
 
   link_.emplace(node_);
-  game_.localPlayerName = settings_.name;
+  game_.net.localPlayerName = settings_.name;
   session_.netPort = settings_.port;
   session_.hostAddress = settings_.address;
   if (settings_.host) {
-    game_.netRole = kNetHostDialog;
+    game_.net.netRole = kNetHostDialog;
     if (!net::OpenAsHost(node_)) return false;
   } else {
-    game_.netRole = kNetConnectDialog;
+    game_.net.netRole = kNetConnectDialog;
     net::OpenAsClient(node_);
   }
-  lastMode_ = game_.gameMode;
+  lastMode_ = game_.turn.gameMode;
   return true;
 }
 
@@ -138,12 +138,12 @@ void NodeRun::Start() {
 void NodeRun::Tick() {
   if (ending_) return;
   if (quitRequested_ || !commands_.RunDue()) return Finish();
-  if (!game_.paused) {
+  if (!game_.turn.paused) {
     net::ServeGameQueue(node_);
     RunPass(game_, outside_, gameView_);
   }
-  if (game_.gameMode != lastMode_) {
-    lastMode_ = game_.gameMode;
+  if (game_.turn.gameMode != lastMode_) {
+    lastMode_ = game_.turn.gameMode;
     PrintEventLine("mode " + std::to_string(lastMode_));
   }
   commands_.AfterPass();

@@ -1,28 +1,18 @@
-#include "core/game.h"
+#include "core/position.h"
 
 namespace varkesh {
 
-void ClearMarks(Game& game) {
-  for (Square& square : game.board.squares) square.mark = kUnmarked;
+void AddToHistory(Position& position, int fromX, int fromY, int toX, int toY, int team,
+                  bool wasCapture) {
+  auto& history = position.history;
+  history[2] = history[1];
+  history[1] = history[0];
+  history[0] = {fromX, fromY, toX, toY, team, wasCapture};
 }
 
-void ClearMoveablePieces(Game& game) {
-  game.moveablePieces.Clear();
-}
-
-void AddToMoveablePieces(Game& game, int x, int y) {
-  game.moveablePieces.Add({x, y});
-}
-
-void AddToHistory(Game& game, int fromX, int fromY, int toX, int toY, int team, bool wasCapture) {
-  game.history[2] = game.history[1];
-  game.history[1] = game.history[0];
-  game.history[0] = {fromX, fromY, toX, toY, team, wasCapture};
-}
-
-bool LackOfMaterial(const Game& game, int team) {
+int Material(const Position& position, int team) {
   int material = 0;
-  for (const Square& square : game.board.squares) {
+  for (const Square& square : position.board.squares) {
     if (square.team != team) continue;
     if (square.piece == kPawn || square.piece == kCastlePawn) {
       material += 1;
@@ -30,16 +20,20 @@ bool LackOfMaterial(const Game& game, int team) {
       material += 2;
     }
   }
-  return material < 5;
+  return material;
+}
+
+bool LackOfMaterial(const Position& position, int team) {
+  return Material(position, team) < 5;
 }
 
 namespace {
 
 // The first square of the team's live King in scan order, or (0, 0).
-BoardSquare FindKing(const Game& game, int team) {
+BoardSquare FindKing(const Position& position, int team) {
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
-      const Square& square = game.board.at(x, y);
+      const Square& square = position.board.at(x, y);
       if (square.team == team && square.piece == kKing) return {x, y};
     }
   }
@@ -48,12 +42,12 @@ BoardSquare FindKing(const Game& game, int team) {
 
 }  // namespace
 
-int KingColumn(const Game& game, int team) {
-  return FindKing(game, team).x;
+int KingColumn(const Position& position, int team) {
+  return FindKing(position, team).x;
 }
 
-int KingRow(const Game& game, int team) {
-  return FindKing(game, team).y;
+int KingRow(const Position& position, int team) {
+  return FindKing(position, team).y;
 }
 
 const char* TeamName(int team) {

@@ -1,50 +1,74 @@
-// The Outside of varkesh-cli: no window. Dialogs take the answers that the
-// command put in their queues (when a queue is empty, the default beside it);
-// a program with events to serve (the NetPlay node) hooks in its printer and
-// its event loop.
+// An Outside without a window. Dialogs take their answers from queues, used
+// front first (an empty queue gives the default named beside it); boxes,
+// dialogs, labels and sounds are noted, and with a printer hooked in each box
+// and each new label is printed as a line. The command-line tool plays
+// through it; the tests script it and look at what it noted.
 #pragma once
 
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "core/outside.h"
 #include "engine/general_engine.h"
+#include "flow/outside.h"
 #include "persist/private_pack.h"
 
-namespace varkesh {}
-
-namespace varkesh::cli {
+namespace varkesh {
 
 class HeadlessOutside : public Outside {
  public:
-  HeadlessOutside();
+  struct Box {
+    std::string title;
+    std::string text;
+    bool question = false;  // a Yes/No box rather than an OK box
+  };
+  struct NewGameRequest {
+    PerTeam<int> lastPlayers{};
+    std::string proposedName;
+  };
+
+  // The menus as the window starts them: everything enabled but Resign,
+  // and the given entries checked.
+  explicit HeadlessOutside(std::vector<Menu> checked);
   ~HeadlessOutside() override;
   HeadlessOutside(const HeadlessOutside&) = delete;
   HeadlessOutside& operator=(const HeadlessOutside&) = delete;
 
-  std::deque<bool> yesNoAnswers;             // empty: Yes
-  std::deque<NewGameChoice> newGameChoices;  // empty: not accepted
-  std::deque<int> pawnOptionPicks;           // empty: closed without a choice
-  std::deque<int> concedePicks;              // empty: the first team offered
-  std::deque<std::string> loadPaths;         // empty: cancelled
-  std::deque<std::string> savePaths;         // empty: cancelled
+  // Answers.
+  std::deque<bool> yesNoAnswers;                  // empty: Yes
+  std::deque<NewGameChoice> newGameChoices;       // empty: not accepted
+  std::deque<int> pawnOptionPicks;                // empty, or beyond the lines: closed
+  std::deque<int> concedePicks;                   // empty: the first team offered
+  std::deque<std::string> loadPaths;              // empty: cancelled
+  std::deque<std::string> savePaths;              // empty: cancelled
+  std::map<std::string, std::string> entryPaths;  // pack entries served without the pack
 
-  // What the commands check afterwards.
-  bool faultReported = false;  // the error handler showed its box
-  std::vector<std::string> lastPawnOptions;
+  // What the logic showed, in order.
+  std::vector<Box> boxes;
+  std::vector<NewGameRequest> newGameDialogs;
+  std::vector<std::vector<std::string>> pawnOptionDialogs;
+  std::vector<std::vector<int>> concedeDialogs;
+  std::vector<std::string> sounds;
   std::string turnLabel;
+  std::string pieceLabel;
   std::string gameDescription;
+  bool pauseButtonVisible = false;
+  bool faultReported = false;  // the error handler showed its box
 
   // Each box and each change of the turn label or the game description, as
   // one line of text; unset, nothing is printed.
   std::function<void(const std::string&)> printEvent;
-  // Serves pending events; unset, yielding does nothing.
+  // Serves pending events on each Yield; unset, nothing runs.
   std::function<void()> serveEvents;
+
+  // The clock: the engine's own, or, with a manual clock, a number that
+  // each Yield moves on by yieldStep.
+  bool manualClock = false;
+  double clock = 0.0;
+  double yieldStep = 0.05;
+  int yieldCount = 0;
 
   GeneralEngine engine;
 
@@ -55,7 +79,6 @@ class HeadlessOutside : public Outside {
   bool AskYesNo(const std::string& title, const std::string& text) override;
   NewGameChoice RunNewGameDialog(const PerTeam<int>& lastPlayers,
                                  const std::string& proposedName) override;
-  // A pick beyond the lines offered closes the dialog without a choice.
   int RunPawnOptionsDialog(const std::vector<std::string>& lines) override;
   int RunConcedeDialog(const std::vector<int>& teams) override;
   std::string LoadFileDialog(const std::string& title, const std::string& filter,
@@ -70,8 +93,8 @@ class HeadlessOutside : public Outside {
   bool IsMenuChecked(Menu menu) const override;
   void ShowPauseButton(bool visible) override;
   void PlaySound(const std::string& entry) override;
-  // From <appPath>r.opk, opened on first use and extracted into a temporary
-  // folder that goes with this object.
+  // From entryPaths, else from <appPath>r.opk, opened on first use and
+  // extracted into a temporary folder that goes with this object.
   std::string ExtractEntry(const std::string& entry) override;
   void Yield() override;
   double Now() override;
@@ -82,7 +105,7 @@ class HeadlessOutside : public Outside {
 
   std::map<Menu, bool> enabled_;
   std::map<Menu, bool> checked_;
-  PrivatePack pack_{"varkesh-cli-"};
+  PrivatePack pack_{"varkesh-headless-"};
 };
 
-}  // namespace varkesh::cli
+}  // namespace varkesh

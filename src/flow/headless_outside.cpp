@@ -1,6 +1,6 @@
-#include "headless_outside.h"
+#include "flow/headless_outside.h"
 
-namespace varkesh::cli {
+namespace varkesh {
 
 namespace {
 
@@ -14,11 +14,9 @@ T TakeFront(std::deque<T>& queue, T fallback) {
 
 }  // namespace
 
-// Nothing waits for the eye: the computer's move is not previewed, and no
-// sound plays.
-HeadlessOutside::HeadlessOutside()
-    : enabled_{{Menu::Resign, false}},
-      checked_{{Menu::OptionIndicator, true}, {Menu::OptionsHints, true}, {Menu::History0, true}} {}
+HeadlessOutside::HeadlessOutside(std::vector<Menu> checked) : enabled_{{Menu::Resign, false}} {
+  for (Menu menu : checked) checked_[menu] = true;
+}
 
 HeadlessOutside::~HeadlessOutside() = default;
 
@@ -37,25 +35,30 @@ void HeadlessOutside::Print(const std::string& line) const {
 
 void HeadlessOutside::ShowMessage(const std::string& title, const std::string& text) {
   if (title == "Varkesh Error") faultReported = true;
+  boxes.push_back({title, text, false});
   Print("box " + title + ": " + text);
 }
 
 bool HeadlessOutside::AskYesNo(const std::string& title, const std::string& text) {
+  boxes.push_back({title, text, true});
   Print("box " + title + ": " + text);
   return TakeFront(yesNoAnswers, true);
 }
 
-NewGameChoice HeadlessOutside::RunNewGameDialog(const PerTeam<int>&, const std::string&) {
+NewGameChoice HeadlessOutside::RunNewGameDialog(const PerTeam<int>& lastPlayers,
+                                                const std::string& proposedName) {
+  newGameDialogs.push_back({lastPlayers, proposedName});
   return TakeFront(newGameChoices, NewGameChoice{});
 }
 
 int HeadlessOutside::RunPawnOptionsDialog(const std::vector<std::string>& lines) {
-  lastPawnOptions = lines;
-  int pick = TakeFront(pawnOptionPicks, -1);
+  pawnOptionDialogs.push_back(lines);
+  const int pick = TakeFront(pawnOptionPicks, -1);
   return pick < static_cast<int>(lines.size()) ? pick : -1;
 }
 
 int HeadlessOutside::RunConcedeDialog(const std::vector<int>& teams) {
+  concedeDialogs.push_back(teams);
   return TakeFront(concedePicks, teams.empty() ? 0 : teams.front());
 }
 
@@ -75,7 +78,9 @@ void HeadlessOutside::SetTurnLabel(const std::string& text) {
   Print("turn " + text);
 }
 
-void HeadlessOutside::SetPieceLabel(const std::string&) {}
+void HeadlessOutside::SetPieceLabel(const std::string& text) {
+  pieceLabel = text;
+}
 
 void HeadlessOutside::SetGameDescription(const std::string& text) {
   if (text == gameDescription) return;
@@ -92,24 +97,32 @@ bool HeadlessOutside::IsMenuChecked(Menu menu) const {
   return found != checked_.end() && found->second;
 }
 
-void HeadlessOutside::ShowPauseButton(bool) {}
+void HeadlessOutside::ShowPauseButton(bool visible) {
+  pauseButtonVisible = visible;
+}
 
-void HeadlessOutside::PlaySound(const std::string&) {}
+void HeadlessOutside::PlaySound(const std::string& entry) {
+  sounds.push_back(entry);
+}
 
 std::string HeadlessOutside::ExtractEntry(const std::string& entry) {
+  auto found = entryPaths.find(entry);
+  if (found != entryPaths.end()) return found->second;
   return pack_.ExtractEntry(engine.appPath, entry);
 }
 
 void HeadlessOutside::Yield() {
+  ++yieldCount;
+  clock += yieldStep;
   if (serveEvents) serveEvents();
 }
 
 double HeadlessOutside::Now() {
-  return EngineClock(engine);
+  return manualClock ? clock : EngineClock(engine);
 }
 
 GeneralEngine& HeadlessOutside::Engine() {
   return engine;
 }
 
-}  // namespace varkesh::cli
+}  // namespace varkesh
