@@ -52,8 +52,8 @@ class SilentOutside : public QuietOutside {
 
 Game StartPosition() {
   Game game;
-  game.gameType = kAnarchy;
-  game.playerKinds = {kAggressive, kBalanced, kDefensive, kBalanced};
+  game.match.position.gameType = kAnarchy;
+  game.match.setup.playerKinds = {kAggressive, kBalanced, kDefensive, kBalanced};
   game.random.Seed(11);
   LoadNewGameDataFile(game, kStartPosition);
   return game;
@@ -63,14 +63,14 @@ Game StartPosition() {
 Game CrowdedMidgame() {
   Game game = StartPosition();
   SilentOutside outside;
-  while (game.roundNumber <= 15) {
+  while (game.match.position.roundNumber <= 15) {
     const int chosen = GetAImove(game, outside);
     if (chosen == 0) break;
     const MoveRec move = game.moveList[chosen];
-    game.moveFromX = move.fromX;
-    game.moveFromY = move.fromY;
-    game.moveToX = move.toX;
-    game.moveToY = move.toY;
+    game.turn.moveFromX = move.fromX;
+    game.turn.moveFromY = move.fromY;
+    game.turn.moveToX = move.toX;
+    game.turn.moveToY = move.toY;
     CarryOutAImove(game, outside);
   }
   return game;
@@ -78,7 +78,7 @@ Game CrowdedMidgame() {
 
 int LivePieces(const Game& game) {
   int live = 0;
-  for (const Square& square : game.board.squares) live += square.piece > 0 ? 1 : 0;
+  for (const Square& square : game.match.position.board.squares) live += square.piece > 0 ? 1 : 0;
   return live;
 }
 
@@ -118,9 +118,9 @@ void BM_SelfPlayGames(benchmark::State& state) {
     Game game;
     game.random.Seed(seed++);
     NewGameCommand(game, outside);
-    while ((game.gameMode == ModeComputerThinks || game.gameMode == ModeComputerMoves) &&
-           game.roundNumber <= 300) {
-      moves += game.gameMode == ModeComputerMoves ? 1 : 0;
+    while ((game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves) &&
+           game.match.position.roundNumber <= 300) {
+      moves += game.turn.gameMode == ModeComputerMoves ? 1 : 0;
       RunPass(game, outside, view);
     }
   }

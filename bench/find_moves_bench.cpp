@@ -25,7 +25,7 @@ std::vector<BoardSquare> LivePieces(const Game& game) {
   std::vector<BoardSquare> pieces;
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
-      if (game.board.at(x, y).piece > 0) pieces.push_back({x, y});
+      if (game.match.position.board.at(x, y).piece > 0) pieces.push_back({x, y});
   return pieces;
 }
 
@@ -48,7 +48,7 @@ void FindMovesOfEveryPiece(benchmark::State& state, Game& game) {
 
 void BM_FindMovesStartPosition(benchmark::State& state) {
   Game game;
-  game.gameType = kAnarchy;
+  game.match.position.gameType = kAnarchy;
   LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
   FindMovesOfEveryPiece(state, game);
 }
@@ -56,8 +56,8 @@ BENCHMARK(BM_FindMovesStartPosition);
 
 void BM_FindMovesMidgame(benchmark::State& state) {
   Game game;
-  game.gameType = kAnarchy;
-  game.castleRight = {false, false, true, false};
+  game.match.position.gameType = kAnarchy;
+  game.match.position.castleRight = {false, false, true, false};
   std::istringstream records(kMidgameRecords);
   LoadNewGameData(game, records);
   FindMovesOfEveryPiece(state, game);

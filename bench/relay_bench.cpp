@@ -20,13 +20,13 @@
 #include <string>
 #include <vector>
 
+#include "core/rules.h"
+#include "flow/headless_outside.h"
 #include "flow/new_game.h"
 #include "net/node.h"
 #include "net/node_table.h"
 #include "net/qt_transport.h"
 #include "net/wire.h"
-#include "support/first_move.h"
-#include "support/scripted_outside.h"
 
 namespace varkesh::net {
 namespace {
@@ -67,8 +67,15 @@ std::string Framed(std::string message) {
   return message;
 }
 
+// The first move the rules list for the team to move.
+varkesh::Move FirstMove(const Game& game) {
+  MoveList moves;
+  ListMoves(game.match.position, moves);
+  return moves[0];
+}
+
 // A piece chosen, its destination chosen, the move accepted.
-std::vector<std::string> MoveMessages(const MoveRec& move) {
+std::vector<std::string> MoveMessages(const varkesh::Move& move) {
   return {Framed(NumberMessage("GUPM", {move.fromX, move.fromY, 0, 0})),
           Framed(NumberMessage("GUGS", {2})),
           Framed(NumberMessage("GUPM", {move.fromX, move.fromY, move.toX, move.toY})),
@@ -171,7 +178,7 @@ Spread Summarise(std::vector<double> micros) {
 
 // Times the move kMoves times between the sender and the watchers; reset
 // runs between moves, outside the timing.
-void TimeMoves(benchmark::State& state, const MoveRec& move, RelayClient& sender,
+void TimeMoves(benchmark::State& state, const varkesh::Move& move, RelayClient& sender,
                std::vector<std::unique_ptr<RelayClient>>& watchers,
                const std::function<void()>& reset, const std::function<void()>& serve,
                std::optional<Spread>& result) {
@@ -237,22 +244,22 @@ bool AllConnected(const std::vector<std::unique_ptr<RelayClient>>& clients) {
 void BM_MoveThroughHostNode(benchmark::State& state) {
   Game game;
   NetSession session;
-  ScriptedOutside outside;
+  HeadlessOutside outside({});
   SilentView view;
   QtTransport transport;
   outside.entryPaths["newgamedata"] = kStartPosition;
   outside.newGameChoices.push_back(
       {true, kAnarchy, kKingdomGained, {kHuman, kHuman, kHuman, kHuman}, "Relay"});
   NewGameCommand(game, outside);
-  if (game.gameMode != ModeChoosePiece) {
+  if (game.turn.gameMode != ModeChoosePiece) {
     state.SkipWithError("the new game did not start");
     return;
   }
 
   NetNode host{game, session, outside, view, transport};
   SessionLink link(host);
-  game.netRole = kNetHostDialog;
-  game.localPlayerName = "Host";
+  game.net.netRole = kNetHostDialog;
+  game.net.localPlayerName = "Host";
   session.netPort = FreePort();
   if (!OpenAsHost(host)) {
     state.SkipWithError("the host could not listen");
@@ -279,9 +286,9 @@ void BM_MoveThroughHostNode(benchmark::State& state) {
   // Every move is played from the same position.
   const Game start = game;
   TimeMoves(
-      state, testing::FirstListedMove(start), sender, watchers, [&] { game = start; },
+      state, FirstMove(start), sender, watchers, [&] { game = start; },
       [&] { ServeGameQueue(host); }, hostResult);
-  if (game.currentTeam == start.currentTeam)
+  if (game.match.position.currentTeam == start.match.position.currentTeam)
     state.SkipWithError("the host did not play the move on its own game");
   if (session.netErrorShown) state.SkipWithError("the host reported a NetPlay error");
 }

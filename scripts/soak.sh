@@ -3,6 +3,7 @@
 # on a host watched by eight clients, one line a game and the host's memory.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVARKESH_BENCHMARKS=ON
-cmake --build build --target netplay_soak
-build/bin/netplay_soak "${1:-20}"
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake --build build --target cli_tests varkesh-cli
+VARKESH_SOAK_GAMES="${1:-20}" build/bin/cli_tests --gtest_also_run_disabled_tests \
+  --gtest_filter='NetPlaySoak.*'

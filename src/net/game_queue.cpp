@@ -161,8 +161,26 @@ void ProcessGameQ(NetNode& node) {
                        "' with a payload that does not fit it");
 }
 
+namespace {
+
+// A selection (a piece or a destination chosen, or dropped) changes no game:
+// the messages of one go through in one pass, and the move that follows them
+// reaches everyone without waiting a pass for each.
+bool IsSelection(std::string_view message) {
+  const Message parts = SplitMessage(message);
+  if (parts.verb == "GUPM") return true;
+  const int mode = FieldNumber(parts.payload);
+  return parts.verb == "GUGS" && mode >= ModeChoosePiece && mode <= ModeConfirmMove;
+}
+
+}  // namespace
+
 void ServeGameQueue(NetNode& node) {
-  if (node.game.net.netRole != kNetNone && !node.session.gameQueue.empty()) ProcessGameQ(node);
+  while (node.game.net.netRole != kNetNone && !node.session.gameQueue.empty()) {
+    const bool selection = IsSelection(node.session.gameQueue.front().text);
+    ProcessGameQ(node);
+    if (!selection) return;
+  }
 }
 
 void CatchUpClient(NetNode& node, int clientNode) {

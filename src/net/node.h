@@ -60,8 +60,9 @@ void OpenAsClient(NetNode& node);
 // game menus enabled again. The game on the screen stays.
 void CloseSession(NetNode& node);
 
-// The main loop's part, before each pass (and not while paused): one message
-// off the game queue when the role is not 0 and the queue holds any.
+// The main loop's part, before each pass (and not while paused), when the
+// role is not 0: one message off the game queue, after as many selection
+// messages as wait before it.
 void ServeGameQueue(NetNode& node);
 
 // The host's commands of the NetPlay window. team is 1 to 4.

@@ -35,7 +35,7 @@ class AiCommands : public ::testing::Test {
     LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
     for (Square& square : game.match.position.board.squares)
       if (frozen && square.team == kWhite) square.piece = -square.piece;
-    testing::PutFile(folder_.File(name), WriteGameText(game));
+    testing::PutFile(folder_.File(name), GameImage(game));
     return "'" + folder_.File(name) + "' ";
   }
 

@@ -75,7 +75,7 @@ TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHold
   EXPECT_EQ(game.match.position.kingCaptureRule, kKingdomLost);
   EXPECT_EQ(game.match.setup.playerKinds, (PerTeam<int>{1, 0, 2, 3}));
 
-  PutFile(Path("duel.txt"), WriteGameText(game));
+  PutFile(Path("duel.txt"), GameImage(game));
   game = Played("apply duel.txt 8 13 8 11");
   EXPECT_EQ(game.match.position.board.at(8, 11).piece, kPawn);
   EXPECT_EQ(game.match.position.history[0], (HistoryMove{8, 13, 8, 11, kWhite, false}));

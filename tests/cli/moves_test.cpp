@@ -29,7 +29,7 @@ class MovesCommand : public ::testing::Test {
 TEST_F(MovesCommand, ListsEveryLivePieceWithItsDestinationsRowByRow) {
   Game game = test::Position(kAlliedNeighbors, "WP 8,4 -RQ 6,10 RK 15,8 WK 8,15 WC 8,16");
   game.match.position.castleRight = {true, false, false, true};
-  testing::PutFile(folder_.File("game.txt"), WriteGameText(game));
+  testing::PutFile(folder_.File("game.txt"), GameImage(game));
   ASSERT_EQ(Run("'" + folder_.File("game.txt") + "'"), 0) << err_;
   // The frozen Queen is left out; the corner beside Red's King stands twice.
   EXPECT_EQ(out_,

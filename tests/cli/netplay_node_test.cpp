@@ -22,7 +22,7 @@ using testing::ShowDifference;
 std::optional<BoardSquare> FirstMarked(const Game& game, int mark) {
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
-      if (game.match.position.board.at(x, y).mark == mark) return BoardSquare{x, y};
+      if (game.view.MarkAt(x, y) == mark) return BoardSquare{x, y};
   return std::nullopt;
 }
 
@@ -54,7 +54,7 @@ class NetPlayNodeTest : public ::testing::Test {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (std::chrono::steady_clock::now() < deadline) {
       auto game = host.ShownGame();
-      if (game && game->currentTeam != team) return true;
+      if (game && game->match.position.currentTeam != team) return true;
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     return false;
@@ -119,7 +119,7 @@ TEST_F(NetPlayNodeTest, AWholeGameEndsAlikeOnTheHostAndBothClients) {
   EXPECT_EQ(bob->Show(), shown);
   auto end = host->ShownGame();
   ASSERT_TRUE(end);
-  EXPECT_EQ(end->kingdomFallen, (PerTeam<bool>{true, true, false, true}));
+  EXPECT_EQ(end->match.position.kingdomFallen, (PerTeam<bool>{true, true, false, true}));
 
   // The end of a client's input ends it; a host ends on a signal.
   alice->CloseInput();

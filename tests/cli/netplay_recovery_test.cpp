@@ -122,10 +122,10 @@ TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndThe
   const auto after = host_->ShownGame();
   ASSERT_TRUE(after);
   EXPECT_EQ(TurnKey(*after), TurnKey(*blue));
-  EXPECT_EQ(after->board.at(wrong->fromX, wrong->fromY).piece,
-            blue->board.at(wrong->fromX, wrong->fromY).piece);
-  EXPECT_EQ(after->board.at(wrong->toX, wrong->toY).team,
-            blue->board.at(wrong->toX, wrong->toY).team);
+  EXPECT_EQ(after->match.position.board.at(wrong->fromX, wrong->fromY).piece,
+            blue->match.position.board.at(wrong->fromX, wrong->fromY).piece);
+  EXPECT_EQ(after->match.position.board.at(wrong->toX, wrong->toY).team,
+            blue->match.position.board.at(wrong->toX, wrong->toY).team);
   while (auto message = watcher.Next(1.0))
     EXPECT_NE(VerbOf(*message), "GAMV") << "the move was relayed";
   EXPECT_TRUE(LogGets("not one the rules list")) << NetLog();

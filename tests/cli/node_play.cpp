@@ -38,18 +38,10 @@ std::string PlannedMove::Command() const {
 }
 
 std::optional<PlannedMove> FirstLegalMove(const Game& shown) {
-  Game game = shown;
-  for (int y = 0; y < kBoardSide; ++y)
-    for (int x = 0; x < kBoardSide; ++x) {
-      if (game.match.position.board.at(x, y).team != game.match.position.currentTeam) continue;
-      game.moveList.Clear();
-      FindMoves(game, x, y, false, true);
-      if (game.moveList.Count() > 0) {
-        const MoveRec& first = game.moveList[1];
-        return PlannedMove{first.fromX, first.fromY, first.toX, first.toY};
-      }
-    }
-  return std::nullopt;
+  MoveList moves;
+  ListMoves(shown.match.position, moves);
+  if (moves.Empty()) return std::nullopt;
+  return PlannedMove{moves[0].fromX, moves[0].fromY, moves[0].toX, moves[0].toY};
 }
 
 std::optional<PlannedMove> FirstIllegalMove(const Game& shown) {
@@ -57,7 +49,7 @@ std::optional<PlannedMove> FirstIllegalMove(const Game& shown) {
   if (!legal) return std::nullopt;
   for (int y = 0; y < kBoardSide; ++y)
     for (int x = 0; x < kBoardSide; ++x)
-      if (!IsListedMove(shown, legal->fromX, legal->fromY, x, y))
+      if (!IsListedMove(shown.match.position, legal->fromX, legal->fromY, x, y))
         return PlannedMove{legal->fromX, legal->fromY, x, y};
   return std::nullopt;
 }

@@ -164,7 +164,8 @@ std::optional<Game> NodeProcess::ShownGame() {
   std::string text;
   for (const std::string& line : *lines) text += line + "\r\n";
   Game game;
-  if (ReadGameText(text, game)) return std::nullopt;
+  if (ReadGameText(text, game.match.position, game.match.setup, &game.view.marks))
+    return std::nullopt;
   return game;
 }
 

@@ -69,7 +69,7 @@ InputWriter Joined(int largest) {
 }  // namespace
 
 std::vector<std::string> Seeds() {
-  const std::string sep(1, kFieldSeparator);
+  const std::string sep(1, net::kFieldSeparator);
   std::vector<std::string> seeds;
   InputWriter played = Joined(5);
   for (const TurnMessages& turn : LegalTurns(8))

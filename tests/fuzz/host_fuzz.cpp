@@ -66,7 +66,7 @@ void SendTurns(InputWriter& input, int turns, int largest) {
 }  // namespace
 
 std::vector<std::string> Seeds() {
-  const std::string sep(1, kFieldSeparator);
+  const std::string sep(1, net::kFieldSeparator);
   std::vector<std::string> seeds;
   InputWriter names;
   names.Send(0, "GMNI}Bob").Send(1, "GMNI}Cid").Send(0, "GCHT}Hello, Cid").Send(1, "GCHT}Hi");

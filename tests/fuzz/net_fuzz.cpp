@@ -8,6 +8,7 @@
 #include "flow/accept_move.h"
 #include "flow/new_game.h"
 #include "flow/save_load.h"
+#include "net/move_message.h"
 
 namespace varkesh::fuzz {
 
@@ -36,7 +37,7 @@ const Game& GameUnderWay() {
     Quieten(outside);
     outside.newGameChoices.push_back({true, kAnarchy, kKingdomLost, {}, "Fuzz"});
     NewGameCommand(started, outside);
-    Require(started.gameMode == ModeChoosePiece, "the game under way did not start");
+    Require(started.turn.gameMode == ModeChoosePiece, "the game under way did not start");
     return started;
   }();
   return game;
@@ -122,24 +123,23 @@ std::vector<TurnMessages> LegalTurns(int turns) {
   Quieten(outside);
   std::vector<TurnMessages> told;
   for (int turn = 0; turn < turns && game.turn.gameMode == ModeChoosePiece; ++turn) {
-    game.moveList.Clear();
-    for (int y = 0; y < kBoardSide; ++y)
-      for (int x = 0; x < kBoardSide; ++x)
-        if (game.match.position.board.at(x, y).team == game.match.position.currentTeam) FindMoves(game, x, y, false, true);
-    if (game.moveList.Empty()) break;
+    MoveList moves;
+    ListMoves(game.match.position, moves);
+    if (moves.Empty()) break;
     // Different pieces on different turns, so that the seeds are not all pawns.
-    const MoveRec move = game.moveList[1 + (turn * 7) % game.moveList.Count()];
-    const std::string from = Number(move.fromX) + kFieldSeparator + Number(move.fromY);
-    const std::string to = Number(move.toX) + kFieldSeparator + Number(move.toY);
+    const varkesh::Move move = moves[(turn * 7) % moves.Count()];
+    const std::string from = Number(move.fromX) + net::kFieldSeparator + Number(move.fromY);
+    const std::string to = Number(move.toX) + net::kFieldSeparator + Number(move.toY);
     TurnMessages turnTold{game.match.position.currentTeam,
-                          {"GUPM}" + from + kFieldSeparator + "0" + kFieldSeparator + "0", "GUGS}2",
-                           "GUPM}" + from + kFieldSeparator + to, "GUGS}3"}};
+                          {"GUPM}" + from + net::kFieldSeparator + "0" + net::kFieldSeparator + "0",
+                           "GUGS}2", "GUPM}" + from + net::kFieldSeparator + to, "GUGS}3"}};
     game.turn.moveFromX = move.fromX;
     game.turn.moveFromY = move.fromY;
     game.turn.moveToX = move.toX;
     game.turn.moveToY = move.toY;
+    Position probe = game.match.position;
+    turnTold.messages.push_back(net::MoveMessage(ApplyMove(probe, move)));
     AcceptMove(game, outside);
-    turnTold.messages.push_back(game.pendingMoveMessage);
     told.push_back(turnTold);
   }
   return told;
@@ -149,14 +149,14 @@ std::string GameUnderWayImage() {
   Game game = GameUnderWay();
   ScriptedOutside outside;
   Quieten(outside);
-  return GameImage(game, outside);
+  return GameImage(game);
 }
 
 std::string Fields(std::string_view verb, const std::vector<std::string>& fields) {
   std::string message(verb);
   message += '}';
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (i > 0) message += kFieldSeparator;
+    if (i > 0) message += net::kFieldSeparator;
     message += fields[i];
   }
   return message;

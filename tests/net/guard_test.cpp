@@ -1,6 +1,7 @@
 // Peers that misbehave, drift, drop or go silent: the host keeps the game of
 // everyone else whole.
 #include "net/net_fixture.h"
+#include "net/sending.h"
 #include "support/first_move.h"
 
 namespace varkesh::testing {
@@ -49,7 +50,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   net::AssignSeat(host->node, kWhite, 1);
   Settle();
   const std::string before = host->Text();
-  const MoveRec move = FirstListedMove(host->game);
+  const varkesh::Move move = FirstListedMove(host->game);
 
   // Mallory holds no seat: a legal move of White's changes nothing anywhere.
   mallory->received.clear();
@@ -71,7 +72,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
        {Selection(move.fromX, move.fromY, 0, 0), std::string("GUGS}3"),
         Selection(move.fromX, move.fromY, move.toX, move.toY), std::string("GUGS}9"),
         std::string("GAMV}3") + kSep + "0" + kSep + "0",
-        std::string("GAMV}1") + kSep + "4" + kSep + "4", std::string("GRES}2"),
+        std::string("GAMV}1") + kSep + "4" + kSep + "4",
         std::string("GUPM}1") + kSep + "2"})
     mallory->Send(message);
   Settle();
@@ -79,7 +80,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   ExpectSameGames();
   for (const char* reason :
        {"the chosen move is not one the rules list", "mode 9 is none a player's clicks reach",
-        "the pawn option is not one the rules offer", "no team receives the pieces",
+        "the pawn option is not one the rules offer",
         "a square off the board"})
     EXPECT_NE(Log().find(reason), std::string::npos) << reason;
 
@@ -97,7 +98,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
 TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   StartGame();
   Peer& bob = Join("Bob");
-  const MoveRec opening = FirstListedMove(host->game);
+  const varkesh::Move opening = FirstListedMove(host->game);
   Move(*host, opening.fromX, opening.fromY, opening.toX, opening.toY);
   Settle();
   // Seats that change between two moves are no drift, for those who saw the
@@ -108,7 +109,7 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   Settle();
   ASSERT_EQ(Log().find("differs"), std::string::npos);
   // A piece vanishes from Bob's board alone.
-  const MoveRec move = FirstListedMove(host->game);
+  const varkesh::Move move = FirstListedMove(host->game);
   Square& lost = bob.game.match.position.board.at(move.fromX, move.fromY);
   lost.team = kNoTeam;
   lost.piece = kNoPiece;
@@ -135,7 +136,7 @@ TEST_F(Guard, ChecksumsOfManyWatchersDoNotHoldUpAMove) {
   for (int i = 0; i < 200; ++i) burst += report + kEnd;
   watcher->transport.Send(watcher->connection, burst);
   network.Pump();
-  const MoveRec move = FirstListedMove(host->game);
+  const varkesh::Move move = FirstListedMove(host->game);
   player->Send(Selection(move.fromX, move.fromY, move.toX, move.toY));
   player->Send("GAMV}0" + kSep + "0" + kSep + "0");
   network.Pump();
@@ -224,7 +225,7 @@ TEST_F(Guard, APeerThatDoesNotReadIsLetGoBeforeItsBacklogPassesTheLimit) {
   network.StopReading(sleeper->transport, sleeper->connection);
   const std::string big(512 * 1024, 'x');
   for (int chunk = 0; chunk < 12; ++chunk) {
-    host->link.SendToAll("GMSG}" + big, 0);
+    net::SendToAllNodes(host->node, "GMSG}" + big, 0);
     network.Pump();
   }
   EXPECT_LE(host->transport.PendingBytes(host->session.nodeConnections[2]),
@@ -241,10 +242,10 @@ TEST_F(Guard, AGameThatCannotBeReadIsLoggedAndChangesNothing) {
   Peer& bob = Join("Bob");
   Settle();
   const std::string before = bob.Text();
-  host->link.SendToClient(1, "GLGF}not a game");
+  net::SendToNode(host->node, 1, "GLGF}not a game");
   Settle();
   EXPECT_EQ(bob.Text(), before);
-  EXPECT_TRUE(bob.outside.messages.empty()) << "no box for the host's fault";
+  EXPECT_TRUE(bob.outside.boxes.empty()) << "no box for the host's fault";
   EXPECT_NE(Log().find("The game sent by the host cannot be read"), std::string::npos);
 }
 

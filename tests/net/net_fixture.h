@@ -10,6 +10,7 @@
 
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
+#include "flow/save_load.h"
 #include "net/fake_network.h"
 #include "net/node.h"
 #include "net/wire.h"
@@ -78,12 +79,12 @@ struct Peer {
     game.view.clickLeft = left;
     game.view.clickRight = !left;
   }
-  std::string Text() const { return WriteGameText(game); }
+  std::string Text() const { return GameImage(game); }
 };
 
 inline constexpr int kTablePort = 5337;
 
-inline const std::string kSep(1, kFieldSeparator);
+inline const std::string kSep(1, net::kFieldSeparator);
 inline const std::string kEnd(1, net::kMessageEnd);
 
 // A client that speaks the wire by hand and records what it receives.

@@ -2,17 +2,15 @@
 #pragma once
 
 #include "core/rules.h"
+#include "flow/game.h"
 
 namespace varkesh::testing {
 
 // The first move the rules list for the team to move; the game has one.
-inline MoveRec FirstListedMove(const Game& game) {
-  Game probe = game;
-  FindMoveablePieces(probe, probe.match.position.currentTeam, true, false);
-  const BoardSquare piece = probe.view.moveablePieces[1];
-  probe.moveList.Clear();
-  FindMoves(probe, piece.x, piece.y, false, true);
-  return probe.moveList[1];
+inline Move FirstListedMove(const Game& game) {
+  MoveList moves;
+  ListMoves(game.match.position, moves);
+  return moves[0];
 }
 
 }  // namespace varkesh::testing

@@ -108,15 +108,15 @@ bool HistoryShows(RunningProgram& run, const QString& line) {
 }
 
 bool SameBoards(RunningProgram& a, RunningProgram& b) {
-  return a.game().board.squares == b.game().board.squares &&
-         a.game().currentTeam == b.game().currentTeam;
+  return a.game().match.position.board.squares == b.game().match.position.board.squares &&
+         a.game().match.position.currentTeam == b.game().match.position.currentTeam;
 }
 
 // Selects a piece and its first destination on this program's board.
 void Select(RunningProgram& run, BoardSquare from) {
   run.ClickSquare(from.x, from.y);
   ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  const BoardSquare to = run.game().moveablePieces[1];
+  const BoardSquare to = run.game().view.moveablePieces[1];
   run.ClickSquare(to.x, to.y);
   ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
 }
@@ -124,8 +124,8 @@ void Select(RunningProgram& run, BoardSquare from) {
 // Confirms the selected move on the host and waits until each client has
 // drawn it; gives the milliseconds from the click to the slowest drawing.
 double ConfirmOnHost(RunningProgram& host, const std::vector<RunningProgram*>& clients) {
-  const int team = host.game().currentTeam;
-  const int x = host.game().moveToX, y = host.game().moveToY;
+  const int team = host.game().match.position.currentTeam;
+  const int x = host.game().turn.moveToX, y = host.game().turn.moveToY;
   // The clients apply one message a pass: they first catch up with the
   // selection, so that only the confirming move is timed.
   for (RunningProgram* client : clients)
@@ -150,12 +150,12 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   RunningProgram host, bo, cy;
   ASSERT_TRUE(host.Started() && bo.Started() && cy.Started());
 
-  ASSERT_TRUE(host.WaitFor([&] { return host.game().titleLoaded && bo.game().titleLoaded; }));
+  ASSERT_TRUE(host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
   OpenNetPlay(host, "mnuNetPlayHost", "Ada", port, "connect-hosting");
   ChatWindow& hostChat = Chat(host);
   EXPECT_EQ(hostChat.windowTitle(), "Varkesh NetPlay");
   EXPECT_FALSE(hostChat.isModal());
-  EXPECT_EQ(host.game().netRole, kNetHosting);
+  EXPECT_EQ(host.game().net.netRole, kNetHosting);
   EXPECT_FALSE(host.window().menuAction(Menu::NetPlay).isEnabled());
   EXPECT_TRUE(History(host).startsWith("Hosting as 'Ada' on IP="));
   EXPECT_EQ(NodeLines(host), QStringList{"Ada (host/you)"});
@@ -166,22 +166,22 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   ChatWindow& boChat = Chat(bo);
   EXPECT_FALSE(Child<QPushButton>(boChat, "cmdChat").isEnabled()) << "before its node number";
   ASSERT_TRUE(bo.WaitFor([&] { return Child<QPushButton>(boChat, "cmdChat").isEnabled(); }));
-  EXPECT_EQ(bo.game().netRole, kNetClient);
+  EXPECT_EQ(bo.game().net.netRole, kNetClient);
   for (const char* hidden : {"cmdBoot", "cmdAssign0", "cmdAgr1", "cmdDef3", "lblCompOpp"})
     EXPECT_TRUE(Child<QWidget>(boChat, hidden).isHidden()) << hidden;
   EXPECT_FALSE(Child<QWidget>(boChat, "cmdExit").isHidden());
   for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
     EXPECT_FALSE(bo.window().menuAction(menu).isEnabled());
-  EXPECT_EQ(bo.game().gameMode, ModeTitle);
+  EXPECT_EQ(bo.game().turn.gameMode, ModeTitle);
   Shoot(bo.window(), "netplay-waiting");
   {  // Cy has passed the title and declined a game of its own
     const auto cancel = test::WhenModalOpens([](QWidget& dialog) { Click(dialog, "cmdCancel"); });
     cy.ClickSquare(8, 8);
     ASSERT_TRUE(
-        cy.WaitFor([&] { return !cancel->isActive() && cy.game().gameMode == ModeNoGame; }));
+        cy.WaitFor([&] { return !cancel->isActive() && cy.game().turn.gameMode == ModeNoGame; }));
   }
   OpenNetPlay(cy, "mnuNetPlayConnect", "Cy", port);
-  EXPECT_EQ(cy.game().gameMode, ModeTitle) << "a client without a game waits on the title";
+  EXPECT_EQ(cy.game().turn.gameMode, ModeTitle) << "a client without a game waits on the title";
   const QStringList everyone{"Ada (host/you)", "Bo", "Cy"};
   ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host) == everyone; }))
       << NodeLines(host).join('|').toStdString();
@@ -209,7 +209,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   ASSERT_TRUE(HistoryShows(cy, "     *** Red is now controlled by Cy"));
 
   // Bo plays White by clicks; the host and Cy see it.
-  const Board before = host.game().board;
+  const Board before = host.game().match.position.board;
   bo.ClickSquare(7, 14);
   ASSERT_TRUE(bo.WaitFor(ModeChooseDestination));
   ASSERT_TRUE(host.WaitFor(ModeChooseDestination)) << "the selection is mirrored";
@@ -217,9 +217,9 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   ASSERT_TRUE(bo.WaitFor(ModeConfirmMove));
   bo.ClickSquare(6, 12, Qt::RightButton);
   ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
-  EXPECT_EQ(host.game().board.at(6, 12).piece, kKnight);
-  EXPECT_EQ(host.game().board.at(6, 12).team, kWhite);
-  EXPECT_NE(host.game().board.squares, before.squares);
+  EXPECT_EQ(host.game().match.position.board.at(6, 12).piece, kKnight);
+  EXPECT_EQ(host.game().match.position.board.at(6, 12).team, kWhite);
+  EXPECT_NE(host.game().match.position.board.squares, before.squares);
   ASSERT_TRUE(cy.WaitFor([&] { return SameBoards(cy, host); }));
   Shoot(host.window(), "netplay-board");
 
@@ -229,17 +229,17 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   for (int round = 0; round < 3; ++round) {
     for (int team : {kBlue, kBlack}) {
       ASSERT_TRUE(host.WaitFor(ModeChoosePiece, team));
-      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().moveablePieces[1]));
+      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().view.moveablePieces[1]));
       delays.push_back(ConfirmOnHost(host, {&bo, &cy}));
       ASSERT_TRUE(SameBoards(bo, host) && SameBoards(cy, host));
     }
     ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kRed));
-    ASSERT_NO_FATAL_FAILURE(Select(cy, cy.game().moveablePieces[1]));
-    cy.ClickSquare(cy.game().moveToX, cy.game().moveToY, Qt::RightButton);
+    ASSERT_NO_FATAL_FAILURE(Select(cy, cy.game().view.moveablePieces[1]));
+    cy.ClickSquare(cy.game().turn.moveToX, cy.game().turn.moveToY, Qt::RightButton);
     ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
     if (round < 2) {
-      ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().moveablePieces[1]));
-      bo.ClickSquare(bo.game().moveToX, bo.game().moveToY, Qt::RightButton);
+      ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().view.moveablePieces[1]));
+      bo.ClickSquare(bo.game().turn.moveToX, bo.game().turn.moveToY, Qt::RightButton);
     }
   }
   std::sort(delays.begin(), delays.end());
@@ -273,15 +273,15 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
 
   // Bo has a White piece chosen when the host gives White to the computer:
   // the computer takes the turn at once, on every board.
-  ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().moveablePieces[1]));
+  ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().view.moveablePieces[1]));
   ASSERT_TRUE(host.WaitFor(ModeConfirmMove, kWhite));
   Click(hostChat, "cmdDef0");
-  EXPECT_EQ(host.game().gameMode, ModeComputerThinks);
+  EXPECT_EQ(host.game().turn.gameMode, ModeComputerThinks);
   ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
-  EXPECT_EQ(host.game().history[0].team, kWhite);
+  EXPECT_EQ(host.game().match.position.history[0].team, kWhite);
   ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host); }));
   EXPECT_EQ(SeatCaption(bo, kWhite), "Comp (Def)");
-  EXPECT_EQ(bo.game().playerKinds[0], kDefensive);
+  EXPECT_EQ(bo.game().match.setup.playerKinds[0], kDefensive);
 
   // Cy is booted while holding Red: Red falls back to the host.
   const auto reason = test::WhenModalOpens([](QWidget& box) {
@@ -297,9 +297,9 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   ASSERT_TRUE(HistoryShows(host, "     *** Cy has disconnected"));
   ASSERT_TRUE(HistoryShows(bo, "   *** Cy is being booted by the host."));
   ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host).size() == 2; }));
-  EXPECT_EQ(host.game().seatNode[3], 0);
+  EXPECT_EQ(host.game().net.seatNode[3], 0);
   EXPECT_EQ(SeatCaption(host, kRed), "Ada(host/you)");
-  EXPECT_EQ(cy.game().netRole, kNetClient) << "a booted client keeps its window";
+  EXPECT_EQ(cy.game().net.netRole, kNetClient) << "a booted client keeps its window";
 
   // Bo leaves: No keeps the window, Yes closes it and gives the menus back.
   for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
@@ -308,17 +308,17 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
     ASSERT_TRUE(bo.WaitFor([&] { return !asked->isActive(); }, 5000));
   }
   ASSERT_TRUE(bo.WaitFor([&] { return bo.window().netPlay() == nullptr; }));
-  EXPECT_EQ(bo.game().netRole, kNetNone);
+  EXPECT_EQ(bo.game().net.netRole, kNetNone);
   for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
     EXPECT_TRUE(bo.window().menuAction(menu).isEnabled());
   EXPECT_FALSE(bo.window().view().PauseButton().isHidden()) << "White is the computer's";
   EXPECT_FALSE(bo.settings().Read("ChatWidth").empty());
   EXPECT_EQ(bo.settings().Read("ChatWindow"), "0");
   ASSERT_TRUE(HistoryShows(host, "     *** Bo has disconnected"));
-  EXPECT_EQ(host.game().seatNode, (PerTeam<int>{0, 0, 0, 0}));
+  EXPECT_EQ(host.game().net.seatNode, (PerTeam<int>{0, 0, 0, 0}));
 
   // The host's program ends with its NetPlay window open: no question.
-  host.game().gameSaved = true;
+  host.game().turn.gameSaved = true;
   host.window().close();
   ASSERT_TRUE(host.WaitFor([&] { return host.Ended(); }));
   EXPECT_FALSE(host.settings().Read("ChatTop").empty());
@@ -329,7 +329,7 @@ TEST(NetPlay, AHostThatCannotListenSaysSoAndGivesTheMenuBack) {
   ASSERT_TRUE(taken.listen(QHostAddress::Any, 0));
   RunningProgram host;
   OpenNetPlay(host, "mnuNetPlayHost", "Ada", taken.serverPort());
-  EXPECT_EQ(host.game().netRole, kNetNone);
+  EXPECT_EQ(host.game().net.netRole, kNetNone);
   EXPECT_TRUE(host.window().menuAction(Menu::NetPlay).isEnabled());
   EXPECT_TRUE(History(host).contains("A NetPlay error has been detected."));
   EXPECT_FALSE(Child<QPushButton>(Chat(host), "cmdChat").isEnabled());
@@ -342,7 +342,7 @@ TEST(NetPlay, CancellingTheConnectDialogOpensNothing) {
     Click(dialog, "cmdCancel");
   });
   run.window().findChild<QAction*>("mnuNetPlayHost")->trigger();
-  EXPECT_EQ(run.game().netRole, kNetNone);
+  EXPECT_EQ(run.game().net.netRole, kNetNone);
   EXPECT_EQ(run.window().netPlay(), nullptr);
   EXPECT_TRUE(run.window().menuAction(Menu::NetPlay).isEnabled());
 }

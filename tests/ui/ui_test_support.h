@@ -85,7 +85,7 @@ class RunningProgram {
   }
   ~RunningProgram() {
     if (!started_ || ended_) return;
-    game().gameSaved = true;
+    game().turn.gameSaved = true;
     window().close();
     WaitFor([this] { return ended_; });
   }
@@ -116,7 +116,7 @@ class RunningProgram {
   bool WaitFor(int mode, int team = kNoTeam) {
     return WaitFor(
         [=, this] {
-          return game().gameMode == mode && (team == kNoTeam || game().currentTeam == team);
+          return game().turn.gameMode == mode && (team == kNoTeam || game().match.position.currentTeam == team);
         },
         120000);
   }

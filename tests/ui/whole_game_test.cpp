@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "core/dungeon.h"
+#include "flow/turn.h"
 #include "core/rules.h"
 #include "ui_test_support.h"
 
@@ -37,12 +38,12 @@ void PlayMove(RunningProgram& run, BoardSquare from, std::optional<BoardSquare> 
   run.ClickSquare(from.x, from.y);
   ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
   EXPECT_FALSE(run.window().pieceLabel().text().isEmpty());
-  const BoardSquare target = to.value_or(run.game().moveablePieces[1]);
+  const BoardSquare target = to.value_or(run.game().view.moveablePieces[1]);
   run.ClickSquare(target.x, target.y);
   ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
   if (shot != nullptr) Shoot(run, shot);
   run.ClickSquare(target.x, target.y, Qt::RightButton);
-  ASSERT_TRUE(run.WaitFor([&run] { return run.game().gameMode != ModeConfirmMove; }));
+  ASSERT_TRUE(run.WaitFor([&run] { return run.game().turn.gameMode != ModeConfirmMove; }));
 }
 
 void Resign(RunningProgram& run) {
@@ -102,9 +103,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   game.match.position.board.at(8, 3).piece = kPawn;
   game.match.position.board.at(8, 2).team = kNoTeam;
   game.match.position.board.at(8, 2).piece = kNoPiece;
-  ClearMarks(game);
-  ClearMoveablePieces(game);
-  FindMoveablePieces(game, kWhite, true, false);
+  MarkMoveablePieces(game, true);
   game.view.boardChanged = true;
   const int prisonersBefore = game.match.position.dungeons[0].PrisonerCount();
   QString chosenLine;
@@ -132,7 +131,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   Shoot(run, "frozen-kingdom");
   for (int captor = kWhite; captor <= kRed; ++captor)  // dungeons past their first ten
     for (int i = 0; i < 13; ++i)
-      AddPieceToDungeon(game, captor, (captor + i % 3) % kTeamCount + 1, kBishop + i % 5);
+      AddPieceToDungeon(game.match.position, captor, (captor + i % 3) % kTeamCount + 1, kBishop + i % 5);
   game.view.boardChanged = true;
   Shoot(run, "full-dungeon");
   Resign(run);
@@ -162,12 +161,12 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   RunningProgram resumed(ParseCommandLine(std::vector<std::string>{saved}), false, true,
                          {{"showcomp", "0"}, {"History", "2"}});
   ASSERT_TRUE(resumed.Started());
-  EXPECT_EQ(resumed.game().gameMode, ModeChoosePiece);
+  EXPECT_EQ(resumed.game().turn.gameMode, ModeChoosePiece);
   EXPECT_FALSE(resumed.window().IsMenuChecked(Menu::OptionsShowComp));
   EXPECT_TRUE(resumed.window().IsMenuChecked(Menu::History3));
   EXPECT_FALSE(resumed.window().IsMenuChecked(Menu::History0));
-  EXPECT_EQ(resumed.game().board.squares, savedBoard.squares);
-  EXPECT_EQ(resumed.game().playerKinds, (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
+  EXPECT_EQ(resumed.game().match.position.board.squares, savedBoard.squares);
+  EXPECT_EQ(resumed.game().match.setup.playerKinds, (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
   EXPECT_TRUE(
       resumed.window().gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Frozen)"));
 }
@@ -190,7 +189,7 @@ TEST(StartOfTheRun, AMissingPackOrAMissingOrDamagedSavedGameIsExplained) {
     RunningProgram run(ParseCommandLine(std::vector<std::string>{c.savedGame}), false, c.withPack);
     EXPECT_EQ(run.Started(), c.withPack);
     EXPECT_TRUE(shown.contains(QString::fromStdString(c.explanation))) << shown.toStdString();
-    EXPECT_EQ(run.game().gameMode, ModeTitle);
+    EXPECT_EQ(run.game().turn.gameMode, ModeTitle);
     EXPECT_EQ(run.window().isVisible(), c.withPack);
   }
 }
