@@ -66,10 +66,14 @@ void KingRemoval(Position& position, int capturedTeam, const Square& to, MoveEff
   if (TeamIndex(capturedTeam) < 0 || !LackOfMaterial(position, capturedTeam)) return;
   effects.materialLoser = capturedTeam;
   const int captor = to.team;
-  Square& king =
-      position.board.at(KingColumn(position, capturedTeam), KingRow(position, capturedTeam));
+  const int kingSquare =
+      Board::Index(KingColumn(position, capturedTeam), KingRow(position, capturedTeam));
+  Square& king = position.board.squares[static_cast<std::size_t>(kingSquare)];
   AddPieceToDungeon(position, captor, capturedTeam, kKing);
-  if (king.team == capturedTeam && king.piece == kKing) Empty(king);
+  if (king.team == capturedTeam && king.piece == kKing) {
+    Empty(king);
+    position.Resync(kingSquare);
+  }
   SetTeamFlag(position.kingdomFallen, capturedTeam, true);
   ApplyFate(position, capturedTeam, captor);
   VictoryTest(position);
@@ -126,8 +130,7 @@ void PlayOnBoard(Position& position, const Move& move, MoveEffects& effects) {
   }
 }
 
-void TakeInKeep(Position& position, Square& pawn, int x, int y, MoveEffects& effects,
-                Undo* undo) {
+void TakeInKeep(Position& position, Square& pawn, int x, int y, MoveEffects& effects, Undo* undo) {
   Square& taken = position.board.at(x, y);
   if (undo && !undo->whole) {
     undo->optionSquare = Board::Index(x, y);
@@ -234,6 +237,10 @@ MoveEffects ApplyMove(Position& position, const Move& move, Undo* undo) {
     else
       ResolveByDialog(position, move, effects, undo);
   }
+  position.Resync(Board::Index(move.fromX, move.fromY));
+  position.Resync(Board::Index(move.toX, move.toY));
+  if (effects.pawn == PawnOutcome::CapturedInKeep)
+    position.Resync(Board::Index(effects.optionX, effects.optionY));
   effects.gameOver = position.Finished();
   if (!effects.gameOver) PassTurn(position);
   return effects;
@@ -245,10 +252,16 @@ void UndoMove(Position& position, const Move& move, const Undo& undo) {
     std::memcpy(&position, undo.saved, sizeof(Position));
     return;
   }
-  position.board.at(move.fromX, move.fromY) = undo.from;
-  position.board.at(move.toX, move.toY) = undo.to;
-  if (undo.optionSquare >= 0)
+  const int from = Board::Index(move.fromX, move.fromY);
+  const int to = Board::Index(move.toX, move.toY);
+  position.board.squares[static_cast<std::size_t>(from)] = undo.from;
+  position.board.squares[static_cast<std::size_t>(to)] = undo.to;
+  position.Resync(from);
+  position.Resync(to);
+  if (undo.optionSquare >= 0) {
     position.board.squares[static_cast<std::size_t>(undo.optionSquare)] = undo.optionTaken;
+    position.Resync(undo.optionSquare);
+  }
   auto& history = position.history;
   history[0] = history[1];
   history[1] = history[2];

@@ -29,9 +29,11 @@ void SwapTeams(Position& position, int oldTeam, int newTeam) {
     if (square.team == oldTeam) square.team = newTeam;
     if (square.realm == oldTeam) square.realm = newTeam;
   }
+  position.Refresh();
   // A prisoner changes colour only where the gainer's pawns may raid it.
   for (int holder = kWhite; holder <= kRed; ++holder) {
-    for (DungeonPiece& prisoner : position.dungeons[static_cast<std::size_t>(holder - 1)].prisoners) {
+    for (DungeonPiece& prisoner :
+         position.dungeons[static_cast<std::size_t>(holder - 1)].prisoners) {
       if (prisoner.team == oldTeam && prisoner.piece != kKing &&
           IsHostile(position.gameType, holder, newTeam)) {
         prisoner.team = newTeam;
@@ -49,6 +51,7 @@ void ClearBoardOfTeam(Position& position, int team) {
     }
     NeutraliseRealm(square, team);
   }
+  position.Refresh();
 }
 
 void FreezePieces(Position& position, int team) {
@@ -58,6 +61,7 @@ void FreezePieces(Position& position, int team) {
     if (square.team == team && square.piece > 0) square.piece = -square.piece;
     NeutraliseRealm(square, team);
   }
+  position.Refresh();
 }
 
 void ApplyFate(Position& position, int fallenTeam, int captorTeam) {
@@ -93,12 +97,16 @@ bool DeclareWinner(Position& position, int winner, int coWinner) {
 bool VictoryTest(Position& position) {
   switch (position.gameType) {
     case kAlliedNeighbors:
-      if (Fallen(position, kWhite) && Fallen(position, kBlue)) return DeclareWinner(position, kBlack, kRed);
-      if (Fallen(position, kBlack) && Fallen(position, kRed)) return DeclareWinner(position, kWhite, kBlue);
+      if (Fallen(position, kWhite) && Fallen(position, kBlue))
+        return DeclareWinner(position, kBlack, kRed);
+      if (Fallen(position, kBlack) && Fallen(position, kRed))
+        return DeclareWinner(position, kWhite, kBlue);
       return false;
     case kCrossroadAllies:
-      if (Fallen(position, kWhite) && Fallen(position, kBlack)) return DeclareWinner(position, kBlue, kRed);
-      if (Fallen(position, kBlue) && Fallen(position, kRed)) return DeclareWinner(position, kWhite, kBlack);
+      if (Fallen(position, kWhite) && Fallen(position, kBlack))
+        return DeclareWinner(position, kBlue, kRed);
+      if (Fallen(position, kBlue) && Fallen(position, kRed))
+        return DeclareWinner(position, kWhite, kBlack);
       return false;
     case kAnarchy: {
       int fallenCount = 0;

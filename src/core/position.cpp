@@ -2,6 +2,22 @@
 
 namespace varkesh {
 
+void Position::Refresh() {
+  for (SquareSet& set : pieces) set.Clear();
+  for (int index = 0; index < kSquareCount; ++index) {
+    const Square& square = board.squares[static_cast<std::size_t>(index)];
+    const int team = TeamIndex(square.team);
+    if (team >= 0 && square.piece > 0) pieces[static_cast<std::size_t>(team)].Add(index);
+  }
+}
+
+void Position::Resync(int index) {
+  const Square& square = board.squares[static_cast<std::size_t>(index)];
+  for (SquareSet& set : pieces) set.Remove(index);
+  const int team = TeamIndex(square.team);
+  if (team >= 0 && square.piece > 0) pieces[static_cast<std::size_t>(team)].Add(index);
+}
+
 void AddToHistory(Position& position, int fromX, int fromY, int toX, int toY, int team,
                   bool wasCapture) {
   auto& history = position.history;

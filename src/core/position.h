@@ -3,6 +3,7 @@
 // process can hold as many as it likes.
 #pragma once
 
+#include "core/square_set.h"
 #include "core/types.h"
 
 namespace varkesh {
@@ -48,8 +49,14 @@ struct Position {
   // The result once a side has won; a position with a winner has no moves.
   int winner = kNoTeam;
   int coWinner = kNoTeam;
+  // Where each team's live pieces stand, worked out from the board so that
+  // the rules need not look at every square. The rules keep it in step;
+  // whoever changes the board otherwise calls Refresh, or Resync for a square.
+  PerTeam<SquareSet> pieces;
 
   bool Finished() const { return winner != kNoTeam; }
+  void Refresh();
+  void Resync(int index);
   bool operator==(const Position&) const = default;
 };
 

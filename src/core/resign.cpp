@@ -62,6 +62,7 @@ ResignEffects Resign(Position& position, int concedeTeam) {
     default:
       return effects;
   }
+  position.Refresh();
   effects.done = true;
   effects.team = team;
   AddToHistory(position, 0, 0, 0, 0, kNoTeam, false);

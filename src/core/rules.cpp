@@ -13,21 +13,12 @@ namespace {
 template <class Each>
 void ForEachMove(const Position& position, Each&& each) {
   if (position.Finished()) return;
-  // The team's pieces first, gathered without a branch a square: which
-  // squares hold them follows no pattern a processor could guess.
-  const int team = position.currentTeam;
-  std::int16_t pieces[kDiamondSquares];
-  int count = 0;
-  for (const int index : kGeometry.diamond) {
-    const Square& square = position.board.squares[static_cast<std::size_t>(index)];
-    pieces[count] = static_cast<std::int16_t>(index);
-    count += (square.team == team) & (square.piece >= kPawn);
-  }
-  for (int i = 0; i < count; ++i) {
-    const int from = pieces[i];
+  const int team = TeamIndex(position.currentTeam);
+  if (team < 0) return;
+  position.pieces[static_cast<std::size_t>(team)].ForEach([&](int from) {
     if (position.board.squares[static_cast<std::size_t>(from)].piece != kKing) {
       ForEachDestination(position, from, [&each, from](int to) { each(from, to); });
-      continue;
+      return;
     }
     // Only the King's castle corner can come twice: next to it, and as the
     // castle move. A player picks a square, so it is one move.
@@ -39,7 +30,7 @@ void ForEachMove(const Position& position, Each&& each) {
       if (seenCount <= kDirections) seen[seenCount++] = to;
       each(from, to);
     });
-  }
+  });
 }
 
 Move MoveBetween(int from, int to, int option = kOptionNone) {
@@ -70,9 +61,9 @@ void ListMoves(const Position& position, MoveList& moves) {
 void ListBranches(const Position& position, MoveList& moves) {
   moves.Clear();
   ForEachMove(position, [&](int from, int to) {
-    const std::vector<PawnOption> options =
-        MayOpenPawnOptions(position, from, to) ? OptionsOf(position, from, to)
-                                               : std::vector<PawnOption>{};
+    const std::vector<PawnOption> options = MayOpenPawnOptions(position, from, to)
+                                                ? OptionsOf(position, from, to)
+                                                : std::vector<PawnOption>{};
     if (options.empty()) return moves.Add(MoveBetween(from, to));
     for (int line = 0; line < static_cast<int>(options.size()); ++line)
       moves.Add(MoveBetween(from, to, line));
@@ -107,7 +98,8 @@ bool IsListedMove(const Position& position, int fromX, int fromY, int toX, int t
 bool IsLegal(const Position& position, const Move& move) {
   if (!IsListedMove(position, move.fromX, move.fromY, move.toX, move.toY)) return false;
   if (move.option == kOptionComputer) return true;
-  const MoveOptions options = PawnOptionsOfMove(position, move.fromX, move.fromY, move.toX, move.toY);
+  const MoveOptions options =
+      PawnOptionsOfMove(position, move.fromX, move.fromY, move.toX, move.toY);
   const int lines = static_cast<int>(options.options.size());
   if (lines == 0) return move.option == kOptionNone;
   return move.option == kOptionClosed || (move.option >= 0 && move.option < lines);

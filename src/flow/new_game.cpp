@@ -27,6 +27,7 @@ Position StartPosition(const NewGameChoice& choice, const Board& board, const Po
   start.kingCaptureRule = choice.kingCaptureRule;
   start.history = last.history;
   for (HistoryMove& entry : start.history) entry.fromX = entry.fromY = 0;
+  start.Refresh();
   return start;
 }
 

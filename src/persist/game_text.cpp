@@ -186,8 +186,7 @@ void CheckBoard(const StoredGame& game, int lastLine) {
   for (const Dungeon& dungeon : game.position.dungeons) pieces += dungeon.PrisonerCount();
   if (pieces > kMaxPrisoners)
     throw TextError{"line " + std::to_string(lastLine) + ": the game holds " +
-                    std::to_string(pieces) + " pieces, more than " +
-                    std::to_string(kMaxPrisoners)};
+                    std::to_string(pieces) + " pieces, more than " + std::to_string(kMaxPrisoners)};
 }
 
 std::int8_t Small(int value) {
@@ -253,6 +252,7 @@ StoredGame ReadStoredFields(std::string_view text) {
 
   if (reader.LinesLeft() > 0) reader.Fail("extra line after the last dungeon", 1);
   CheckBoard(stored, reader.LinesTaken());
+  game.Refresh();
   return stored;
 }
 
