@@ -58,6 +58,8 @@ int CmdDecode(const Args& args);
 int CmdEncode(const Args& args);
 int CmdScores(const Args& args);
 int CmdAimove(const Args& args);
+int CmdBestmove(const Args& args);
+int CmdMatch(const Args& args);
 int CmdSelfplay(const Args& args);
 int CmdPerft(const Args& args);
 int CmdHost(const Args& args);
