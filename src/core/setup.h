@@ -8,10 +8,20 @@
 
 namespace varkesh {
 
+// How strongly a computer seat plays: the one-move evaluator, or a search
+// of growing budget. 0, as in a game saved before seats had levels, plays
+// as Classic.
+inline constexpr int kLevelClassic = 1;
+inline constexpr int kLevelClub = 2;
+inline constexpr int kLevelExpert = 3;
+inline constexpr int kLevelMaster = 4;
+
 struct Setup {
   std::string gameName;
   // kHuman, or the personality of a computer seat.
   PerTeam<int> playerKinds{};
+  // The level of each computer seat; meaningless for a human seat.
+  PerTeam<int> levels{};
 
   bool AllHuman() const {
     for (int kind : playerKinds)

@@ -129,7 +129,9 @@ void NetAcceptMove(Game& game, Outside& outside, int option) {
 void CarryOutAImove(Game& game, Outside& outside) {
   game.turn.gameSaved = false;
   game.view.boardChanged = true;
-  const MoveEffects effects = PlayMove(game.match, SelectedMove(game, kOptionComputer));
+  const int option = game.turn.computerOption;
+  game.turn.computerOption = kOptionComputer;
+  const MoveEffects effects = PlayMove(game.match, SelectedMove(game, option));
   PlayMoveSounds(outside, effects);
   TellMaterialLoss(game, outside, effects, MaterialNotice::HumanOnly);
   PlayPawnOptionSound(outside, effects);

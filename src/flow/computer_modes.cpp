@@ -1,10 +1,12 @@
 #include "ai/choice_ladder.h"
+#include "ai/search/levels.h"
 #include "core/apply_move.h"
 #include "core/resign.h"
 #include "flow/accept_move.h"
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
 #include "flow/resign.h"
+#include "flow/search_turn.h"
 #include "flow/thinking_outside.h"
 #include "flow/turn.h"
 
@@ -47,7 +49,8 @@ void PreviewMove(Game& game, Outside& outside, GameView& view) {
   for (int round = 0; round < 2; ++round) {
     game.view.boardChanged = true;
     DrawBlock(game, view);
-    view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY, true);
+    view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX,
+                  game.turn.moveToY, true);
     ShowBlock(game, view);
     WaitFor(outside, kPreviewWait);
     game.view.boardChanged = true;
@@ -67,16 +70,28 @@ void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
   if (!ChoosesComputerMoves(game)) return;
 
   for (Menu menu : kMenusLockedWhileThinking) outside.SetMenuEnabled(menu, false);
-  AiMoveList moves;
-  AiChoice choice;
-  ThinkingOutside thinking(outside);
-  Guarded(outside, "modVarkesh", "GetAImove", [&] {
-    choice = ChooseAImove(game.match.position, game.match.setup, moves, game.random, thinking);
-  });
-  if (choice.index < 1 || choice.index > moves.Count()) return ResignForComputer(game, outside);
-
-  const Move move = ChosenMove(moves, choice);
+  Move move;
+  const int level = SeatLevel(TeamEntry(game.match.setup.levels, game.match.position.currentTeam));
+  if (level > kLevelClassic) {
+    const int personality = ResolvePersonality(game.match.position, game.match.setup, 0);
+    SearchedMove searched;
+    Guarded(outside, "modVarkesh", "GetAImove",
+            [&] { searched = SearchComputerMove(game, outside, level, personality); });
+    if (searched.stopped) return UnlockMenus(game, outside);
+    if (!searched.found) return ResignForComputer(game, outside);
+    move = searched.move;
+  } else {
+    AiMoveList moves;
+    AiChoice choice;
+    ThinkingOutside thinking(outside);
+    Guarded(outside, "modVarkesh", "GetAImove", [&] {
+      choice = ChooseAImove(game.match.position, game.match.setup, moves, game.random, thinking);
+    });
+    if (choice.index < 1 || choice.index > moves.Count()) return ResignForComputer(game, outside);
+    move = ChosenMove(moves, choice);
+  }
   TurnState& turn = game.turn;
+  turn.computerOption = move.option == kOptionNone ? kOptionComputer : move.option;
   turn.moveFromX = move.fromX;
   turn.moveFromY = move.fromY;
   turn.moveToX = move.toX;

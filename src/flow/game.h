@@ -48,6 +48,9 @@ struct TurnState {
   std::array<double, 2> flagTimers{};  // the victory screen's two waving flags
   std::array<int, 2> flagFrames{};
   int moveFromX = 0, moveFromY = 0, moveToX = 0, moveToY = 0;
+  // The pawn option of the computer's chosen move: its fixed rule, or the
+  // line a searching level chose.
+  int computerOption = kOptionComputer;
   double turnClock = 0.0;
   double turnElapsed = 0.0;
   bool paused = false;

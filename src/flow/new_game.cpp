@@ -38,6 +38,7 @@ void StartGame(Game& game, Outside& outside, const NewGameChoice& choice, const 
   Match& match = game.match;
   match.setup.gameName = choice.name;
   match.setup.playerKinds = choice.players;
+  match.setup.levels = choice.levels;
   match.position = StartPosition(choice, board, match.position);
   match.BeginRecord();
   outside.SetGameDescription(GameDescription(match.position, match.setup));

@@ -38,6 +38,8 @@ struct NewGameChoice {
   int kingCaptureRule = kKingdomGained;
   PerTeam<int> players{};
   std::string name;
+  // The level of each computer seat; 0 plays as Classic.
+  PerTeam<int> levels{};
 };
 
 // Message boxes: an OK box, and a Yes/No question (true for Yes).

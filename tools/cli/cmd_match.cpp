@@ -78,7 +78,10 @@ Settings ParseSettings(const Args& args) {
 // Which teams level A plays in game g (counted from 0), as bits 1 << team.
 unsigned TeamsOfA(const Settings& settings, int g) {
   if (settings.gameType == kAnarchy) return 1u << (kWhite + g % kTeamCount);
-  const int first = g % 2 == 0 ? kWhite : kBlue;
+  // White's alliance in even games, the other in odd ones.
+  int first = kWhite;
+  if (g % 2 == 1)
+    while (first < kRed && !IsHostile(settings.gameType, kWhite, first)) ++first;
   unsigned teams = 1u << first;
   for (int team = kWhite; team <= kRed; ++team)
     if (IsAlly(settings.gameType, first, team)) teams |= 1u << team;

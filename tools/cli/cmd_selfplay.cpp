@@ -9,6 +9,7 @@
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
 #include "load_for_play.h"
+#include "search_options.h"
 
 namespace varkesh::cli {
 
@@ -16,10 +17,12 @@ namespace {
 
 constexpr const char* kUsage =
     "selfplay [--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]\n"
+    "         [--levels a,b,c,d]\n"
     "  Plays N whole games (10) of computer seats, personalities 1 to 3, through the main\n"
     "  loop. Game g plays with seed S+g-1 (S is 1); its type, rule and players, unless\n"
     "  given, are drawn from that seed. A game still running after M rounds (500) is\n"
-    "  unfinished. One line a game, then three lines of summary:\n"
+    "  unfinished. --levels gives each seat's level (classic, club, expert, master or 1 to 4;\n"
+    "  Classic by default). One line a game, then three lines of summary:\n"
     "    game G seed S type T rule R players a,b,c,d won|unfinished winner TEAM|none"
     " cowinner TEAM|none rounds R moves M seconds X\n"
     "    summary games N won W unfinished U average-rounds X games-per-second X\n"
@@ -33,6 +36,7 @@ struct Settings {
   int rule = 0;
   PerTeam<int> players{};  // all 0: drawn for each game
   int maxRounds = 500;
+  PerTeam<int> levels{kLevelClassic, kLevelClassic, kLevelClassic, kLevelClassic};
 };
 
 struct Result {
@@ -45,8 +49,8 @@ struct Result {
 };
 
 Settings ParseSettings(const Args& args) {
-  const Options options =
-      ParseOptions(args, {"games", "seed", "type", "rule", "players", "max-rounds"}, {}, kUsage);
+  const Options options = ParseOptions(
+      args, {"games", "seed", "type", "rule", "players", "max-rounds", "levels"}, {}, kUsage);
   if (!options.positional.empty()) Usage(kUsage);
   Settings settings;
   if (options.Has("games"))
@@ -60,6 +64,7 @@ Settings ParseSettings(const Args& args) {
     settings.players = ParsePlayers(options.Value("players"), kAggressive, kUsage);
   if (options.Has("max-rounds"))
     settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000, kUsage);
+  if (options.Has("levels")) settings.levels = ParseSeatLevels(options.Value("levels"), kUsage);
   return settings;
 }
 
@@ -70,6 +75,7 @@ NewGameChoice ChoiceFor(const Settings& settings, std::uint64_t seed) {
   choice.gameType = settings.gameType > 0 ? settings.gameType : 1 + draw.Below(3);
   choice.kingCaptureRule = settings.rule > 0 ? settings.rule : 1 + draw.Below(3);
   choice.players = settings.players;
+  choice.levels = settings.levels;
   if (settings.players[0] == 0)
     for (int& seat : choice.players) seat = 1 + draw.Below(3);
   choice.name = "Self-play " + std::to_string(seed);

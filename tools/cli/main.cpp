@@ -27,7 +27,7 @@ constexpr Command kCommands[] = {
     {"match", varkesh::cli::CmdMatch,
      "--levels A,B --games N [--type T] [--rule R] [--movetime MS | --nodes N] [--seed S]"},
     {"selfplay", varkesh::cli::CmdSelfplay,
-     "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]"},
+     "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M] [--levels a,b,c,d]"},
     {"perft", varkesh::cli::CmdPerft, "FILE DEPTH [--divide]"},
     {"host", varkesh::cli::CmdHost, "[--port P] [--name NAME] [--game FILE]"},
     {"join", varkesh::cli::CmdJoin, "[--address A] [--port P] [--name NAME]"},

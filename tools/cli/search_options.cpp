@@ -10,6 +10,20 @@ int ParseLevelOption(const std::string& text, const std::string& usageLine) {
   return level;
 }
 
+PerTeam<int> ParseSeatLevels(const std::string& text, const std::string& usageLine) {
+  PerTeam<int> levels{};
+  std::size_t count = 0, start = 0;
+  while (true) {
+    const std::size_t comma = text.find(',', start);
+    if (count == levels.size()) Usage(usageLine);
+    levels[count++] = ParseLevelOption(text.substr(start, comma - start), usageLine);
+    if (comma == std::string::npos) break;
+    start = comma + 1;
+  }
+  if (count != levels.size()) Usage(usageLine);
+  return levels;
+}
+
 search::SearchLimits ParseLimits(const Options& options, const std::string& usageLine) {
   search::SearchLimits limits;
   if (options.Has("depth"))

@@ -1,0 +1,67 @@
+#include "flow/search_turn.h"
+
+#include <atomic>
+#include <chrono>
+#include <string>
+#include <thread>
+
+#include "ai/search/levels.h"
+#include "ai/search/option_line.h"
+
+namespace varkesh {
+
+namespace {
+
+// Events are served this often while the worker searches: well above the
+// thirty repaints a second the board needs.
+constexpr auto kServeEvery = std::chrono::milliseconds(5);
+
+std::string ProgressText(int level, int depth) {
+  std::string text = std::string(LevelName(level)) + " thinking";
+  if (depth > 0) text += ": depth " + std::to_string(depth);
+  return text;
+}
+
+}  // namespace
+
+SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, int personality) {
+  const Position position = game.match.position;
+  const search::SearchSettings settings = LevelSettings(level, personality, {});
+  std::atomic<bool> stop{false};
+  std::atomic<bool> done{false};
+  std::atomic<int> depth{0};
+  search::SearchResult result;
+  std::thread worker([&] {
+    search::Searcher searcher;
+    result = searcher.Think(
+        position, settings, [&](const search::SearchInfo& info) { depth = info.depth; }, &stop);
+    done = true;
+  });
+  int shown = -1;
+  while (!done) {
+    if (game.turn.quitRequested) stop = true;
+    if (depth != shown) {
+      shown = depth;
+      outside.SetPieceLabel(ProgressText(level, shown));
+    }
+    outside.Yield();
+    std::this_thread::sleep_for(kServeEvery);
+  }
+  worker.join();
+
+  SearchedMove searched;
+  searched.stopped = game.turn.quitRequested;
+  searched.found = result.found;
+  searched.move = result.best;
+  // The fixed rule where it agrees, so that the move plays as the
+  // evaluator's would; in a session every node carries computer moves out
+  // by that rule, so there the search's option gives way to it.
+  if (searched.found && searched.move.option != kOptionNone) {
+    const int byRule = ComputerOptionLine(position, searched.move);
+    if (byRule == searched.move.option || game.net.netRole != kNetNone)
+      searched.move.option = kOptionComputer;
+  }
+  return searched;
+}
+
+}  // namespace varkesh

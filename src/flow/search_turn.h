@@ -1,0 +1,20 @@
+// The turn of a computer seat of a searching level: the search runs on a
+// worker thread over its own copy of the position while this thread keeps
+// the window's events flowing and shows the progress.
+#pragma once
+
+#include "core/move.h"
+#include "flow/game.h"
+#include "flow/outside.h"
+
+namespace varkesh {
+
+struct SearchedMove {
+  bool found = false;    // false: the team on turn has no move
+  bool stopped = false;  // the program is quitting; no move is played
+  Move move;             // its option a line, or kOptionComputer for the fixed rule
+};
+
+SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, int personality);
+
+}  // namespace varkesh
