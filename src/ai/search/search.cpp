@@ -22,6 +22,7 @@ constexpr int kMaxPly = 128;
 constexpr int kQuiescencePlies = 8;
 constexpr int kInfinity = kWinScore + 1;
 constexpr std::uint64_t kClockEvery = 255;
+constexpr int kFutilityMargin = 150;
 
 using Clock = std::chrono::steady_clock;
 
@@ -298,11 +299,15 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
   int best = -kInfinity;
   Move bestMove;
   Killers& killers = killers_[static_cast<std::size_t>(ply)];
+  // Near the horizon a quiet move cannot lift a score this far below alpha.
+  const bool futile = !pv && depth <= 2 && alpha > -kWinBound &&
+                      StaticEval() + kFutilityMargin * depth <= alpha;
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
     const Move move = frame.moves[i];
     const bool quiet = !IsTactical(pos_, move);
     const bool reducible = quiet && frame.order[static_cast<std::size_t>(i)] < kOrderKiller;
+    if (futile && reducible && i > 0) continue;
     Play(frame, i);
     int value;
     try {
@@ -311,7 +316,7 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
       } else {
         int reduction = 0;
         if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
-          reduction = i >= 10 && depth >= 5 ? 2 : 1;
+          reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
         value = Child(depth - 1 - reduction, ply, alpha, alpha + 1, false, mySide);
         if (value > alpha && reduction > 0)
           value = Child(depth - 1, ply, alpha, alpha + 1, false, mySide);
