@@ -82,8 +82,14 @@ std::string PieceTitle(int kind, int x, int y) {
 std::string TurnText(const Position& position, const Setup& setup) {
   const int team = position.currentTeam;
   std::string player = TeamIndex(team) < 0 ? kError : std::string(TeamName(team)) + " Player";
-  return std::to_string(position.roundNumber) + OrdinalEnding(position.roundNumber) + " Round, " +
-         player + PlayerKindText(TeamEntry(setup.playerKinds, team, -1));
+  const int kind = TeamEntry(setup.playerKinds, team, -1);
+  std::string text = std::to_string(position.roundNumber) + OrdinalEnding(position.roundNumber) +
+                     " Round, " + player + PlayerKindText(kind);
+  // A searching level follows the personality; Classic goes unsaid.
+  const int level = TeamEntry(setup.levels, team);
+  if (kind > kHuman && level > kLevelClassic && level <= kLevelMaster)
+    text += std::string(" ") + LevelName(level);
+  return text;
 }
 
 std::string PieceText(const Position& position, int fromX, int fromY, int toX, int toY) {

@@ -16,6 +16,20 @@ inline constexpr int kLevelClub = 2;
 inline constexpr int kLevelExpert = 3;
 inline constexpr int kLevelMaster = 4;
 
+// "Classic", "Club", "Expert", "Master"; a level outside reads as Classic.
+constexpr const char* LevelName(int level) {
+  switch (level) {
+    case kLevelClub:
+      return "Club";
+    case kLevelExpert:
+      return "Expert";
+    case kLevelMaster:
+      return "Master";
+    default:
+      return "Classic";
+  }
+}
+
 struct Setup {
   std::string gameName;
   // kHuman, or the personality of a computer seat.

@@ -10,6 +10,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "core/setup.h"
+
 namespace varkesh {
 
 namespace {
@@ -38,7 +40,7 @@ int CheckedIndex(const std::array<QRadioButton*, 3>& buttons) {
 }  // namespace
 
 NewGameDialog::NewGameDialog(const PerTeam<int>& lastPlayers, const QString& proposedName,
-                             QWidget* owner)
+                             QWidget* owner, const PerTeam<int>& lastLevels)
     : QDialog(owner) {
   setWindowTitle("Varkesh: New Game");
   setModal(true);
@@ -85,6 +87,20 @@ NewGameDialog::NewGameDialog(const PerTeam<int>& lastPlayers, const QString& pro
     label->setBuddy(players_[at]);
     playerGrid->addWidget(label, i, 0);
     playerGrid->addWidget(players_[at], i, 1);
+    // How strongly a computer seat plays; a human seat has no level.
+    levels_[at] = new QComboBox;
+    levels_[at]->setObjectName("cmbLevel" + QString::number(i));
+    for (int level = kLevelClassic; level <= kLevelMaster; ++level)
+      levels_[at]->addItem(LevelName(level));
+    const int lastLevel = lastLevels[at];
+    levels_[at]->setCurrentIndex(
+        (lastLevel >= kLevelClassic && lastLevel <= kLevelMaster ? lastLevel : kLevelClassic) -
+        kLevelClassic);
+    levels_[at]->setEnabled(players_[at]->currentIndex() != kHuman);
+    QComboBox* level = levels_[at];
+    connect(players_[at], &QComboBox::currentIndexChanged, level,
+            [level](int kind) { level->setEnabled(kind != kHuman); });
+    playerGrid->addWidget(levels_[at], i, 2);
   }
 
   start_ = new QPushButton("&Start New Game");
@@ -127,7 +143,10 @@ NewGameChoice NewGameDialog::Choice() const {
   choice.name = name_->text().trimmed().toStdString();
   choice.gameType = CheckedIndex(gameTypes_) + 1;
   choice.kingCaptureRule = CheckedIndex(rules_) + 1;
-  for (std::size_t i = 0; i < players_.size(); ++i) choice.players[i] = players_[i]->currentIndex();
+  for (std::size_t i = 0; i < players_.size(); ++i) {
+    choice.players[i] = players_[i]->currentIndex();
+    choice.levels[i] = levels_[i]->currentIndex() + kLevelClassic;
+  }
   return choice;
 }
 

@@ -18,7 +18,9 @@ class NewGameDialog : public QDialog {
   Q_OBJECT
 
  public:
-  NewGameDialog(const PerTeam<int>& lastPlayers, const QString& proposedName, QWidget* owner);
+  // lastLevels: the level each seat had, Classic when none is given.
+  NewGameDialog(const PerTeam<int>& lastPlayers, const QString& proposedName, QWidget* owner,
+                const PerTeam<int>& lastLevels = {});
 
   // What the players chose; accepted only after Start.
   NewGameChoice Choice() const;
@@ -30,6 +32,7 @@ class NewGameDialog : public QDialog {
   std::array<QRadioButton*, 3> gameTypes_{};
   std::array<QRadioButton*, 3> rules_{};
   std::array<QComboBox*, kTeamCount> players_{};
+  std::array<QComboBox*, kTeamCount> levels_{};
   QPushButton* start_ = nullptr;
 };
 

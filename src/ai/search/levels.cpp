@@ -22,19 +22,6 @@ LevelShape ShapeOf(int level) {
 
 }  // namespace
 
-const char* LevelName(int level) {
-  switch (level) {
-    case kLevelClub:
-      return "Club";
-    case kLevelExpert:
-      return "Expert";
-    case kLevelMaster:
-      return "Master";
-    default:
-      return "Classic";
-  }
-}
-
 int ParseLevel(const std::string& text) {
   for (int level = kLevelClassic; level <= kLevelMaster; ++level) {
     std::string lower = LevelName(level);

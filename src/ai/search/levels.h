@@ -13,8 +13,6 @@ namespace varkesh {
 // The Master's time a move when nothing else is said.
 inline constexpr int kMasterMovetimeMs = 1000;
 
-// "Classic", "Club", "Expert", "Master"; a level outside reads as Classic.
-const char* LevelName(int level);
 // A level from its name in lower case or its number; 0 for anything else.
 int ParseLevel(const std::string& text);
 // A seat's stored level, with anything unknown read as Classic.
