@@ -30,34 +30,23 @@ inline Position HandMade(int gameType, int onTurn, const std::vector<Piece>& pie
   return position;
 }
 
-// Five pawns in a team's own keep, where nothing reaches them: material
-// enough that a single capture does not cost the King.
+// Six pawns in a team's own keep, where nothing reaches them and the King
+// keeps a square to step to: material enough that a single capture does not
+// cost the King.
 inline std::vector<Piece> Garrison(int team) {
   switch (team) {
     case kWhite:
-      return {{7, 15, team, kPawn},
-              {9, 15, team, kPawn},
-              {6, 14, team, kPawn},
-              {10, 14, team, kPawn},
-              {8, 14, team, kPawn}};
+      return {{7, 15, team, kPawn},  {9, 15, team, kPawn}, {6, 14, team, kPawn},
+              {10, 14, team, kPawn}, {8, 14, team, kPawn}, {7, 14, team, kPawn}};
     case kBlue:
-      return {{1, 7, team, kPawn},
-              {1, 9, team, kPawn},
-              {2, 6, team, kPawn},
-              {2, 10, team, kPawn},
-              {2, 8, team, kPawn}};
+      return {{1, 7, team, kPawn},  {1, 9, team, kPawn}, {2, 6, team, kPawn},
+              {2, 10, team, kPawn}, {2, 8, team, kPawn}, {2, 7, team, kPawn}};
     case kBlack:
-      return {{7, 1, team, kPawn},
-              {9, 1, team, kPawn},
-              {6, 2, team, kPawn},
-              {10, 2, team, kPawn},
-              {8, 2, team, kPawn}};
+      return {{7, 1, team, kPawn},  {9, 1, team, kPawn}, {6, 2, team, kPawn},
+              {10, 2, team, kPawn}, {8, 2, team, kPawn}, {7, 2, team, kPawn}};
     default:
-      return {{15, 7, team, kPawn},
-              {15, 9, team, kPawn},
-              {14, 6, team, kPawn},
-              {14, 10, team, kPawn},
-              {14, 8, team, kPawn}};
+      return {{15, 7, team, kPawn},  {15, 9, team, kPawn}, {14, 6, team, kPawn},
+              {14, 10, team, kPawn}, {14, 8, team, kPawn}, {14, 7, team, kPawn}};
   }
 }
 

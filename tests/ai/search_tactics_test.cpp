@@ -60,25 +60,18 @@ std::vector<Tactic> Tactics() {
                      [](const Position&, const Move&, const Position& after) {
                        return after.Finished() && after.winner != kBlack && after.winner != kRed;
                      }});
-  // In Anarchy a King taken is a kingdom won, worth more than a Rook. Black
-  // has pawns to spare, so that the Rook's loss does not cost it its King.
-  tactics.push_back({"TakeAKingInAnarchy",
-                     HandMade(kAnarchy, kWhite,
-                              With(Kings({kWhite, kBlue, kBlack}), {{10, 8, kRed, kKing},
-                                                                    {15, 7, kRed, kPawn},
-                                                                    {15, 9, kRed, kPawn},
-                                                                    {14, 6, kRed, kPawn},
-                                                                    {14, 10, kRed, kPawn},
-                                                                    {14, 8, kRed, kPawn},
-                                                                    {10, 11, kWhite, kRook},
-                                                                    {5, 6, kBlack, kRook},
-                                                                    {6, 8, kWhite, kKnight},
-                                                                    {8, 1, kBlack, kPawn},
-                                                                    {7, 2, kBlack, kPawn},
-                                                                    {9, 2, kBlack, kPawn}})),
-                     [](const Position&, const Move&, const Position& after) {
-                       return TeamEntry(after.kingdomFallen, kRed);
-                     }});
+  // In Anarchy with two kingdoms fallen, Red's King taken wins; Red's Rook is the bait.
+  tactics.push_back(
+      {"TakeTheLastKingInAnarchy",
+       HandMade(kAnarchy, kWhite,
+                With(With(Kings({kWhite}), Garrison(kRed)), {{10, 8, kRed, kKing},
+                                                             {10, 11, kWhite, kRook},
+                                                             {5, 6, kRed, kRook},
+                                                             {6, 8, kWhite, kKnight}}),
+                {kBlue, kBlack}),
+       [](const Position&, const Move&, const Position& after) {
+         return after.Finished() && after.winner == kWhite;
+       }});
   // Black's Rook eyes White's King down the file; Black's Queen is the bait.
   tactics.push_back({"SaveOwnKing",
                      HandMade(kAlliedNeighbors, kWhite,

@@ -33,9 +33,18 @@ struct TeamTally {
   int king = kNoKing;
 };
 
+// A team whose count falls under five loses its King to the captor: the
+// nearer the count is to that edge, the fewer captures it can afford.
+int ThinMaterial(int count) {
+  if (count <= 5) return 1500;
+  if (count == 6) return 800;
+  if (count == 7) return 300;
+  return 0;
+}
+
 TeamTally TallyTeam(const Position& position, int team, const EvalWeights& weights) {
   TeamTally tally;
-  int raid = 0, centre = 0;
+  int raid = 0, centre = 0, count = 0;
   const auto& squares = position.board.squares;
   const unsigned hostile = HostileTeamsOf(position.gameType, team);
   position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
@@ -46,6 +55,7 @@ TeamTally TallyTeam(const Position& position, int team, const EvalWeights& weigh
       return;
     }
     tally.score += PieceValue(weights.personality, piece);
+    count += piece == kPawn || piece == kCastlePawn ? 1 : 2;
     const bool hostileRealm = square.realm != kNoTeam && InTeams(hostile, square.realm) &&
                               (square.terrain == kMoat || square.terrain == kKeep);
     if (piece == kPawn) {
@@ -59,7 +69,8 @@ TeamTally TallyTeam(const Position& position, int team, const EvalWeights& weigh
     if (piece >= 0 && piece <= kKing)
       centre += kCentreStep[static_cast<std::size_t>(piece)] * (8 - CentreDistance(index));
   });
-  tally.score += raid * weights.raid / 100 + centre * weights.centre / 100;
+  tally.score += raid * weights.raid / 100 + centre * weights.centre / 100 -
+                 ThinMaterial(count) * weights.safety / 100;
   return tally;
 }
 

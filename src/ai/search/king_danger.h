@@ -6,6 +6,12 @@
 
 namespace varkesh::search {
 
+// Exact: some hostile piece has the King's square among its moves.
 bool KingAttacked(const Position& position, int team);
+
+// Quick and on the safe side: looks outward from the King for a hostile
+// piece that could reach it, ignoring what moats do to sliders and where
+// pawns stand, so it may say yes where the rules say no, never the reverse.
+bool KingMayBeAttacked(const Position& position, int team);
 
 }  // namespace varkesh::search

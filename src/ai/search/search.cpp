@@ -23,6 +23,9 @@ constexpr int kQuiescencePlies = 8;
 constexpr int kInfinity = kWinScore + 1;
 constexpr std::uint64_t kClockEvery = 255;
 constexpr int kFutilityMargin = 150;
+constexpr int kEvasionPlies = 2;
+// Plies added on one line of play for Kings in reach.
+constexpr int kMaxExtensions = 2;
 
 using Clock = std::chrono::steady_clock;
 
@@ -91,6 +94,7 @@ class Run {
   std::array<Killers, kMaxPly + 1> killers_{};
   std::array<std::array<Move, kMaxPly + 1>, kMaxPly + 1> pv_{};
   std::array<int, kMaxPly + 1> pvLength_{};
+  std::array<int, kMaxPly + 1> extensions_{};
   // The root's best of the depth being searched, once one move has a score.
   bool iterationHasBest_ = false;
   Move iterationBest_;
@@ -244,7 +248,7 @@ bool Run::SideKingAttacked(int side) const {
 // beta, a real move would not either.
 bool Run::TryNullMove(int depth, int ply, int beta, int& score) {
   const int mySide = SideToMove();
-  if (StaticEval() < beta || SideKingAttacked(mySide)) return false;
+  if (StaticEval() < beta) return false;
   const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
   PassTurn(pos_);
   bool cut = false;
@@ -285,7 +289,13 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
   }
 
   const int mySide = SideToMove();
-  if (!pv && allowNull && settings_.nullMove && depth >= 3 && !Pooled() &&
+  // A King in reach of a hostile piece: no pass, and one ply more to see it through.
+  const bool threatened = SideKingAttacked(mySide);
+  const int extended = ply > 0 ? extensions_[static_cast<std::size_t>(ply - 1)] : 0;
+  const bool extend = threatened && extended < kMaxExtensions && ply < kMaxPly / 2;
+  extensions_[static_cast<std::size_t>(ply)] = extended + (extend ? 1 : 0);
+  if (extend) ++depth;
+  if (!pv && allowNull && !threatened && settings_.nullMove && depth >= 3 && !Pooled() &&
       TryNullMove(depth, ply, beta, score))
     return score;
 
@@ -300,7 +310,7 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
   Move bestMove;
   Killers& killers = killers_[static_cast<std::size_t>(ply)];
   // Near the horizon a quiet move cannot lift a score this far below alpha.
-  const bool futile = !pv && depth <= 2 && alpha > -kWinBound &&
+  const bool futile = !pv && !threatened && depth <= 2 && alpha > -kWinBound &&
                       StaticEval() + kFutilityMargin * depth <= alpha;
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
@@ -360,15 +370,19 @@ int Run::Quiesce(int ply, int alpha, int beta, int qply) {
   pvLength_[static_cast<std::size_t>(ply)] = ply;
   int score = 0;
   if (Terminal(ply, score)) return score;
-  const int standing = StaticEval();
-  if (standing >= beta || ply >= kMaxPly - 1 || qply >= kQuiescencePlies) return standing;
-  if (standing > alpha) alpha = standing;
-
   const int mySide = SideToMove();
   Frame& frame = frames_[static_cast<std::size_t>(ply)];
-  Generate(frame, true);
+  // With a King in reach the side may not stand: every move is looked at.
+  const bool evading = qply < kEvasionPlies && ply < kMaxPly - 4 && SideKingAttacked(mySide);
+  const int standing = StaticEval();
+  if (!evading) {
+    if (standing >= beta || ply >= kMaxPly - 1 || qply >= kQuiescencePlies) return standing;
+    if (standing > alpha) alpha = standing;
+  }
+  Generate(frame, !evading);
+  if (evading && frame.moves.Empty()) return standing - kFallenKingdom;
   Order(frame, ply, Move{});
-  int best = standing;
+  int best = evading ? -kInfinity : standing;
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
     Play(frame, i);
