@@ -23,9 +23,6 @@ constexpr int kQuiescencePlies = 8;
 constexpr int kInfinity = kWinScore + 1;
 constexpr std::uint64_t kClockEvery = 255;
 constexpr int kFutilityMargin = 150;
-constexpr int kEvasionPlies = 2;
-// Plies added on one line of play for Kings in reach.
-constexpr int kMaxExtensions = 2;
 
 using Clock = std::chrono::steady_clock;
 
@@ -77,6 +74,7 @@ class Run {
   int QuiescentChild(int ply, int alpha, int beta, int qply, int mySide);
   int Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull);
   int Quiesce(int ply, int alpha, int beta, int qply);
+  int PassToTheOtherSide(int ply, int alpha, int beta, int qply);
   bool TryNullMove(int depth, int ply, int beta, int& score);
   bool SideKingAttacked(int side) const;
   void UpdatePv(int ply, const Move& move);
@@ -94,7 +92,8 @@ class Run {
   std::array<Killers, kMaxPly + 1> killers_{};
   std::array<std::array<Move, kMaxPly + 1>, kMaxPly + 1> pv_{};
   std::array<int, kMaxPly + 1> pvLength_{};
-  std::array<int, kMaxPly + 1> extensions_{};
+  // Whether the node about to be entered follows a move of its own side.
+  bool afterAlly_ = false;
   // The root's best of the depth being searched, once one move has a score.
   bool iterationHasBest_ = false;
   Move iterationBest_;
@@ -218,12 +217,14 @@ void Run::Unplay(Frame& frame, int i) {
 // The child's score seen by the side that moved into it: the same side on
 // turn again keeps the window, the other side's score is negated.
 int Run::Child(int depth, int ply, int alpha, int beta, bool pv, int mySide) {
-  if (SideToMove() == mySide) return Search(depth, ply + 1, alpha, beta, pv, true);
+  afterAlly_ = SideToMove() == mySide;
+  if (afterAlly_) return Search(depth, ply + 1, alpha, beta, pv, true);
   return -Search(depth, ply + 1, -beta, -alpha, pv, true);
 }
 
 int Run::QuiescentChild(int ply, int alpha, int beta, int qply, int mySide) {
-  if (SideToMove() == mySide) return Quiesce(ply + 1, alpha, beta, qply + 1);
+  afterAlly_ = SideToMove() == mySide;
+  if (afterAlly_) return Quiesce(ply + 1, alpha, beta, qply + 1);
   return -Quiesce(ply + 1, -beta, -alpha, qply + 1);
 }
 
@@ -255,6 +256,7 @@ bool Run::TryNullMove(int depth, int ply, int beta, int& score) {
   if (SideToMove() != mySide) {
     const int reduction = depth >= 6 ? 3 : 2;
     try {
+      afterAlly_ = false;
       score = -Search(depth - 1 - reduction, ply + 1, -beta, -beta + 1, false, false);
     } catch (const Aborted&) {
       pos_.currentTeam = savedTeam;
@@ -289,12 +291,8 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
   }
 
   const int mySide = SideToMove();
-  // A King in reach of a hostile piece: no pass, and one ply more to see it through.
+  // A King in reach of a hostile piece: no passing, no pruning by the score.
   const bool threatened = SideKingAttacked(mySide);
-  const int extended = ply > 0 ? extensions_[static_cast<std::size_t>(ply - 1)] : 0;
-  const bool extend = threatened && extended < kMaxExtensions && ply < kMaxPly / 2;
-  extensions_[static_cast<std::size_t>(ply)] = extended + (extend ? 1 : 0);
-  if (extend) ++depth;
   if (!pv && allowNull && !threatened && settings_.nullMove && depth >= 3 && !Pooled() &&
       TryNullMove(depth, ply, beta, score))
     return score;
@@ -365,24 +363,47 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
   return best;
 }
 
+// An ally's quiet turn is no end of the line: the other side still gets to
+// take what hangs. Standing pat for the ally means passing to it.
+int Run::PassToTheOtherSide(int ply, int alpha, int beta, int qply) {
+  const int mySide = SideToMove();
+  const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
+  PassTurn(pos_);
+  int value = 0;
+  if (SideToMove() == mySide) {
+    value = StaticEval();
+  } else {
+    try {
+      afterAlly_ = false;
+      value = -Quiesce(ply + 1, -beta, -alpha, qply + 1);
+    } catch (const Aborted&) {
+      pos_.currentTeam = savedTeam;
+      pos_.roundNumber = savedRound;
+      throw;
+    }
+  }
+  pos_.currentTeam = savedTeam;
+  pos_.roundNumber = savedRound;
+  return value;
+}
+
 int Run::Quiesce(int ply, int alpha, int beta, int qply) {
+  const bool afterAlly = afterAlly_;
+  afterAlly_ = false;
   CountNode();
   pvLength_[static_cast<std::size_t>(ply)] = ply;
   int score = 0;
   if (Terminal(ply, score)) return score;
   const int mySide = SideToMove();
   Frame& frame = frames_[static_cast<std::size_t>(ply)];
-  // With a King in reach the side may not stand: every move is looked at.
-  const bool evading = qply < kEvasionPlies && ply < kMaxPly - 4 && SideKingAttacked(mySide);
-  const int standing = StaticEval();
-  if (!evading) {
-    if (standing >= beta || ply >= kMaxPly - 1 || qply >= kQuiescencePlies) return standing;
-    if (standing > alpha) alpha = standing;
-  }
-  Generate(frame, !evading);
-  if (evading && frame.moves.Empty()) return standing - kFallenKingdom;
+  int standing = StaticEval();
+  if (afterAlly && !Pooled() && qply < kQuiescencePlies && ply < kMaxPly - 2)
+    standing = PassToTheOtherSide(ply, alpha, beta, qply);
+  if (standing >= beta || ply >= kMaxPly - 1 || qply >= kQuiescencePlies) return standing;
+  if (standing > alpha) alpha = standing;
+  Generate(frame, true);
   Order(frame, ply, Move{});
-  int best = evading ? -kInfinity : standing;
+  int best = standing;
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
     Play(frame, i);
@@ -421,6 +442,7 @@ SearchResult Run::Go(const InfoCallback& onInfo) {
     iterationHasBest_ = false;
     bool finished = true;
     try {
+      afterAlly_ = false;
       Search(depth, 0, -kInfinity, kInfinity, true, false);
     } catch (const Aborted&) {
       finished = false;
