@@ -12,9 +12,9 @@ struct LevelShape {
 LevelShape ShapeOf(int level) {
   switch (level) {
     case kLevelClub:
-      return {16, 3};
+      return {4, 3};
     case kLevelExpert:
-      return {4, 8};
+      return {2, 6};
     default:
       return {1, 0};
   }
