@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <exception>
 #include <string>
 #include <thread>
 
@@ -31,10 +32,16 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
   std::atomic<bool> done{false};
   std::atomic<int> depth{0};
   search::SearchResult result;
+  std::exception_ptr failure;
   std::thread worker([&] {
-    search::Searcher searcher;
-    result = searcher.Think(
-        position, settings, [&](const search::SearchInfo& info) { depth = info.depth; }, &stop);
+    // A failure goes to this thread's error handler, as the evaluator's would.
+    try {
+      search::Searcher searcher;
+      result = searcher.Think(
+          position, settings, [&](const search::SearchInfo& info) { depth = info.depth; }, &stop);
+    } catch (...) {
+      failure = std::current_exception();
+    }
     done = true;
   });
   int shown = -1;
@@ -48,6 +55,7 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
     std::this_thread::sleep_for(kServeEvery);
   }
   worker.join();
+  if (failure) std::rethrow_exception(failure);
 
   SearchedMove searched;
   searched.stopped = game.turn.quitRequested;
