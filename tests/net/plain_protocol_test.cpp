@@ -208,6 +208,65 @@ TEST_F(PlainTable, NewGamesLoadsAndSeatChangesRaiseNoFalseError) {
   EXPECT_FALSE(ErrorNoticeShown());
 }
 
+TEST_F(PlainTable, AWholeSessionWithAPlainPeerEndsAlikeOnEveryNode) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  Peer& cecile = Join("C\u00E9cile");
+  PlainPeer& pat = PlainJoin("P\xE2t");
+  Settle();
+  net::AssignSeat(host->node, kWhite, pat.myNode);
+  net::AssignSeat(host->node, kBlack, 1);
+  net::AssignSeat(host->node, kRed, 2);
+  Settle();
+
+  pat.Send("GCHT}d\xE9j\xE0 vu");
+  EXPECT_TRUE(net::SendChat(bob.node, "\u00E7a va"));
+  network.Pump();
+  EXPECT_TRUE(cecile.view.Saw("P\u00E2t: d\u00E9j\u00E0 vu"));
+  EXPECT_EQ(pat.chat.back(),
+            "1: \xE7"
+            "a va");
+
+  // Kingdom Lost: a pawn lost in a keep, and the host resigns.
+  std::optional<LostPawnMove> lost = SendLostPawnPosition();
+  ASSERT_TRUE(lost);
+  pat.MoveAs(lost->fromX, lost->fromY, lost->toX, lost->toY);
+  network.Pump();
+  Settle();
+  ASSERT_EQ(host->game.match.position.currentTeam, kBlue);
+  DoResign(host->game, host->outside, -1);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlack);
+  ExpectSameEverywhere();
+
+  // Kingdom Gained, with Cecile's seat now the computer's: the plain peer
+  // concedes to Blue.
+  StartWith(kKingdomGained, {kHuman, kHuman, kHuman, kDefensive});
+  EXPECT_EQ(cecile.view.captions[3], "Comp (Def)");
+  pat.Send("GRES}2");
+  DoResign(pat.game, pat.outside, 2);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
+  ExpectSameEverywhere();
+
+  // Kingdom Frozen: the team it sends is the one left over.
+  StartWith(kKingdomFrozen);
+  pat.Send("GRES}2");
+  DoResign(pat.game, pat.outside, 2);
+  network.Pump();
+  Settle();
+  EXPECT_TRUE(host->game.match.position.kingdomFallen[0]);
+  ExpectSameEverywhere();
+
+  for (Peer* peer : {&bob, &cecile}) EXPECT_EQ(peer->session.nodeNames, host->session.nodeNames);
+  std::vector<std::string> patNames;
+  for (const std::string& name : pat.nodeNames) patNames.push_back(Utf8OfLatin1(name));
+  EXPECT_EQ(patNames, host->session.nodeNames);
+  EXPECT_TRUE(Log().empty()) << Log();
+}
+
 TEST_F(PlainTable, TheBootReasonGoesOutAsTyped) {
   Join("Bob");
   PlainPeer& pat = PlainJoin("Pat");
