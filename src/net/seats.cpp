@@ -114,8 +114,6 @@ void AssignSeat(NetNode& node, int team, int toNode) {
   if (node.game.net.netRole != kNetHosting || i < 0 || toNode < 0 ||
       toNode > node.session.nodeCount || !node.session.nodeInUse[static_cast<std::size_t>(toNode)])
     return;
-  // A connection that has not told its name yet is no player to seat.
-  if (toNode > 0 && !node.session.peers[static_cast<std::size_t>(toNode)].welcomed) return;
   Game& game = node.game;
   game.match.setup.playerKinds[static_cast<std::size_t>(i)] = kHuman;
   game.net.seatNode[static_cast<std::size_t>(i)] = toNode;
