@@ -135,9 +135,8 @@ double ConfirmOnHost(RunningProgram& host, const std::vector<RunningProgram*>& c
   host.ClickSquare(x, y, Qt::RightButton);
   const auto drawn = [&](RunningProgram& client) {
     const Game& game = client.game();
-    return game.match.position.board.at(x, y).team == team &&
-           game.match.position.history[0].team == team && game.match.position.currentTeam != team &&
-           !game.view.boardChanged;
+    return game.match.position.board.at(x, y).team == team && game.match.position.history[0].team == team &&
+           game.match.position.currentTeam != team && !game.view.boardChanged;
   };
   for (RunningProgram* client : clients)
     while (!drawn(*client) && clock.elapsed() < 10000)
@@ -151,8 +150,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   RunningProgram host, bo, cy;
   ASSERT_TRUE(host.Started() && bo.Started() && cy.Started());
 
-  ASSERT_TRUE(
-      host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
+  ASSERT_TRUE(host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
   OpenNetPlay(host, "mnuNetPlayHost", "Ada", port, "connect-hosting");
   ChatWindow& hostChat = Chat(host);
   EXPECT_EQ(hostChat.windowTitle(), "Varkesh NetPlay");
