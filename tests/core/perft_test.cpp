@@ -1,10 +1,11 @@
 // The number of branches to each depth from fixed positions: the anchor of
-// the rules. Any change in what a piece may do, in what a capture, a fallen
+// the rules. A change in what a piece may do, in what a capture, a fallen
 // kingdom or a pawn in a keep leaves behind, or in whose turn comes next,
-// changes some count here. The counts were checked branch by branch against
-// the program as it was before its rules became values, played one move at a
-// time through its command-line tool.
+// shows in these counts. Those to depth 3 were checked branch by branch
+// against the program as it was before its rules became values, played one
+// move at a time through its command-line tool.
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "core/apply_move.h"
@@ -70,7 +71,8 @@ const PerftCase kHandMade[] = {
     {"frozen", {kAnarchy, kKingdomFrozen, kFrozen, "", "B", "B0"}, {43, 806, 15815, 628034}},
 };
 
-void ExpectCounts(const char* name, Position position, const Counts& nodes, int playedDepth) {
+void ExpectCounts(const std::string& name, Position position, const Counts& nodes,
+                  int playedDepth) {
   const Position before = position;
   for (int depth = 1; depth <= static_cast<int>(nodes.size()); ++depth) {
     const std::uint64_t expected = nodes[static_cast<std::size_t>(depth - 1)];
@@ -101,8 +103,8 @@ TEST(Perft, StartPositionUnderEveryGameTypeAndRule) {
       Position position = start;
       position.gameType = gameType;
       position.kingCaptureRule = rule;
-      ExpectCounts(gameType == kAlliedNeighbors ? "allied neighbors" : "start", position,
-                   gameType == kAlliedNeighbors ? alliedNeighbors : others, 3);
+      ExpectCounts("start, type " + std::to_string(gameType) + " rule " + std::to_string(rule),
+                   position, gameType == kAlliedNeighbors ? alliedNeighbors : others, 3);
     }
   }
 }
