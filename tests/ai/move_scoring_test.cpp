@@ -7,7 +7,6 @@
 #include <tuple>
 #include <vector>
 
-#include "ai/choice_ladder.h"
 #include "ai/threats.h"
 #include "ai_fixture.h"
 
@@ -95,8 +94,6 @@ struct ScoringCase {
   std::vector<Placed> pieces;  // White's turn
   MoveRec move;
   Scores scores;
-  int chosen;  // the whole turn's choice, with Random::Zero
-  AiTier tier;
 };
 
 const std::vector<Placed> kQueenAndBishop = {{8, 8, kWhite, kKnight},
@@ -106,27 +103,27 @@ const std::vector<Placed> kQueenAndBishop = {{8, 8, kWhite, kKnight},
 const std::vector<Placed> kCastle = {
     {8, 15, kWhite, kKing}, {8, 16, kWhite, kCastlePawn}, {7, 13, kBlack, kKnight}};
 
-// The scores and choices are those of the program before its state became
-// plain values, as its command-line tool printed them.
+// The scores are those of the program before its state became plain values,
+// as its command-line tool printed them.
 // clang-format off
 const ScoringCase kScoringCases[] = {
   {"queen taken, own rook left attacked", kAnarchy, kAggressive, kQueenAndBishop,
-   Scored(8, 8, 9, 10), {1000, 0, 0, 500}, 8, AiTier::TopMove},
+   Scored(8, 8, 9, 10), {1000, 0, 0, 500}},
   {"rook strikes queen and bishop", kAnarchy, kAggressive, kQueenAndBishop,
-   Scored(4, 12, 4, 10), {0, 299, 0, 200}, 8, AiTier::TopMove},
+   Scored(4, 12, 4, 10), {0, 299, 0, 200}},
   {"castle move, Castle Pawn's new square struck", kAnarchy, kBalanced, kCastle,
-   Scored(8, 15, 8, 16), {0, 0, 0, 60}, 1, AiTier::AdvancesPawn},
+   Scored(8, 15, 8, 16), {0, 0, 0, 60}},
   {"king into a knight's reach", kAnarchy, kBalanced, kCastle,
-   Scored(8, 15, 9, 14), {0, 0, 0, 5000}, 1, AiTier::AdvancesPawn},
+   Scored(8, 15, 9, 14), {0, 0, 0, 5000}},
   {"king strikes the knight", kAnarchy, kBalanced, kCastle,
-   Scored(8, 15, 7, 14), {0, 62, 0, 0}, 1, AiTier::AdvancesPawn},
+   Scored(8, 15, 7, 14), {0, 62, 0, 0}},
   {"pawn takes pawn, faces the next", kAnarchy, kBalanced,
    {{8, 8, kWhite, kPawn}, {9, 7, kBlack, kPawn}, {10, 6, kBlack, kPawn}},
-   Scored(8, 8, 9, 7), {40, 5, 0, 50}, 1, AiTier::AdvancesPawn},
+   Scored(8, 8, 9, 7), {40, 5, 0, 50}},
 };
 // clang-format on
 
-TEST(MoveScoring, WorkedCasesAndTheTurnsChoice) {
+TEST(MoveScoring, WorkedCases) {
   for (const ScoringCase& c : kScoringCases) {
     const Position position = test::EmptyPosition(c.gameType, c.pieces);
     AiMoveList list;
@@ -134,26 +131,6 @@ TEST(MoveScoring, WorkedCasesAndTheTurnsChoice) {
     test::NotingAiOutside outside;
     Score(position, list, random, {c.move}, c.personality, outside);
     EXPECT_EQ(Of(list[1]), c.scores) << c.name;
-    const AiChoice choice = ChooseAImove(position, {"", {c.personality, kHuman, kHuman, kHuman}},
-                                         list, random, outside);
-    EXPECT_EQ(choice.index, c.chosen) << c.name;
-    EXPECT_EQ(TierName(choice.tier), std::string(TierName(c.tier))) << c.name;
-  }
-}
-
-// The opening move of each personality in the start position.
-TEST(MoveScoring, StartingPawnsAsBefore) {
-  Position start;
-  start.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  start.Refresh();
-  for (auto [personality, chosen] : {std::pair{kAggressive, 9}, {kBalanced, 9}, {kDefensive, 11}}) {
-    AiMoveList list;
-    Random random = Random::Zero();
-    test::NotingAiOutside outside;
-    const AiChoice choice =
-        ChooseAImove(start, {"", {personality, kHuman, kHuman, kHuman}}, list, random, outside);
-    EXPECT_EQ(choice.index, chosen) << personality;
-    EXPECT_EQ(choice.tier, AiTier::StartingPawn) << personality;
   }
 }
 
