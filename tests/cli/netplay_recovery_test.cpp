@@ -78,6 +78,7 @@ class NetPlayRecoveryTest : public NetPlayProcessTest {
 
 TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndTheSenderResynced) {
   StartGame("Authority");
+  host_->ExpectErrors();  // the rogue's moves are logged as refused
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   RawPeer rogue(port_);
@@ -144,6 +145,7 @@ TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndThe
 TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
   StartGame("Drift");
   mismatchExpected_ = true;
+  host_->ExpectErrors();
   // A peer of the extension that reports a checksum the host's game does not have.
   RawPeer liar(port_);
   ASSERT_EQ(liar.Join("Liar", true), 1);
@@ -248,6 +250,7 @@ TEST_F(NetPlayRecoveryTest, AFrozenClientIsLetGoWithinThirtySecondsWhileTheOther
       << carol->Recent();
   ASSERT_TRUE(PlayTurn(*alice, *host_)) << alice->Recent();
 
+  host_->ExpectErrors();  // the silence is logged
   carol->Kill(SIGSTOP);
   const auto frozen = Clock::now();
   ASSERT_TRUE(PlayTurn(*bob, *host_)) << bob->Recent();
