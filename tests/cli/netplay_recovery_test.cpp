@@ -77,7 +77,7 @@ class NetPlayRecoveryTest : public NetPlayProcessTest {
 };
 
 TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndTheSenderResynced) {
-  StartGame("Authority");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Authority"));
   host_->ExpectErrors();  // the rogue's moves are logged as refused
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
@@ -143,7 +143,7 @@ TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndThe
 }
 
 TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
-  StartGame("Drift");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Drift"));
   mismatchExpected_ = true;
   host_->ExpectErrors();
   // A peer of the extension that reports a checksum the host's game does not have.
@@ -190,7 +190,7 @@ TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
 }
 
 TEST_F(NetPlayRecoveryTest, APlayerKilledAndBackUnderTheSameNameGetsTheSeatsStillFree) {
-  StartGame("Comeback");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Comeback"));
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   auto bob = Join("Bob");
@@ -235,7 +235,7 @@ TEST_F(NetPlayRecoveryTest, APlayerKilledAndBackUnderTheSameNameGetsTheSeatsStil
 }
 
 TEST_F(NetPlayRecoveryTest, AFrozenClientIsLetGoWithinThirtySecondsWhileTheOthersPlayOn) {
-  StartGame("Frozen");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Frozen"));
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   auto bob = Join("Bob");
