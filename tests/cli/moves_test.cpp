@@ -19,11 +19,13 @@ TEST_F(MovesCommand, ListsEveryLivePieceWithItsDestinationsRowByRow) {
             "8,16:\n");
 }
 
-TEST_F(MovesCommand, WrongArgumentsAndMissingFiles) {
+TEST_F(MovesCommand, WrongArgumentsAndFilesThatCannotBeRead) {
+  PutFile(Path("bad.txt"), "\"Bad\"\r\n3\r\n");
   for (const auto& [arguments, code, err] : {
            std::tuple{"", 2, "usage: varkesh-cli moves FILE\n"},
            {"a b", 2, "usage: varkesh-cli moves FILE\n"},
            {"missing.txt", 1, "varkesh-cli: missing.txt: Cannot open the file 'missing.txt'\n"},
+           {"bad.txt", 1, "varkesh-cli: bad.txt: line 2: expected 2 fields, found 1\n"},
        }) {
     const CliRun run = Cli(std::string("moves ") + arguments);
     EXPECT_EQ(run.code, code) << arguments;
