@@ -118,7 +118,9 @@ bool WriteEvent(const RecordEvent& event, Position& position, std::string& text)
     const MoveEffects effects = ApplyMove(position, move);
     token += PieceLetter(piece) + SquareName(move.fromX, move.fromY);
     token += IsCapture(effects.outcome) ? 'x' : '-';
-    token += SquareName(move.toX, move.toY) + OptionText(move.option);
+    // The computer's rule chooses nothing where no option was due.
+    const bool due = effects.pawn != PawnOutcome::NotDue;
+    token += SquareName(move.toX, move.toY) + (due ? OptionText(move.option) : "");
     if (effects.outcome == MoveOutcome::KingTaken) token += '#';
   }
   text += token + Aftermath(before, position);
