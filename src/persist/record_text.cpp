@@ -84,47 +84,45 @@ bool IsCapture(MoveOutcome outcome) {
          outcome == MoveOutcome::PieceTaken;
 }
 
-// What a position gained by an event, as comments: kingdoms fallen, the end.
-std::string Aftermath(const Position& before, const Position& after) {
-  std::string text;
+// What a position gained by an event: kingdoms fallen, the end.
+void NoteAftermath(const Position& before, const Position& after, EventText& text) {
   for (int team = kWhite; team <= kRed; ++team)
     if (TeamEntry(after.kingdomFallen, team) && !TeamEntry(before.kingdomFallen, team))
-      text += std::string(" {") + TeamName(team) + " falls}";
-  if (after.Finished() && !before.Finished()) {
-    const std::string winners = ResultText(after);
-    text += " {" + winners + (after.coWinner != kNoTeam ? " win}" : " wins}");
-  }
-  return text;
+      text.notes.push_back(std::string(TeamName(team)) + " falls");
+  if (after.Finished() && !before.Finished())
+    text.notes.push_back(ResultText(after) + (after.coWinner != kNoTeam ? " win" : " wins"));
 }
 
-// One event written and played; false, with nothing written, when it does
-// not fit the position.
-bool WriteEvent(const RecordEvent& event, Position& position, std::string& text) {
+// One event described and played; nothing, with the position unchanged,
+// when it does not fit.
+std::optional<EventText> PlayAndDescribe(const RecordEvent& event, Position& position) {
   const Position before = position;
-  std::string token = std::string(TeamName(position.currentTeam)) + ' ';
+  EventText text;
+  text.round = position.roundNumber;
+  text.team = position.currentTeam;
   if (event.kind == RecordEvent::Kind::Resign) {
     const ResignEffects effects = Resign(position, event.concedeTeam);
     if (!effects.done) {
       position = before;
-      return false;
+      return std::nullopt;
     }
-    token += "resigns";
+    text.move = "resigns";
     if (effects.concedeTeam != kNoTeam)
-      token += std::string("(") + TeamName(effects.concedeTeam) + ')';
+      text.move += std::string("(") + TeamName(effects.concedeTeam) + ')';
   } else {
     const Move& move = event.move;
-    if (!IsLegal(position, move)) return false;
+    if (!IsLegal(position, move)) return std::nullopt;
     const int piece = position.board.at(move.fromX, move.fromY).piece;
     const MoveEffects effects = ApplyMove(position, move);
-    token += PieceLetter(piece) + SquareName(move.fromX, move.fromY);
-    token += IsCapture(effects.outcome) ? 'x' : '-';
+    text.move = PieceLetter(piece) + SquareName(move.fromX, move.fromY);
+    text.move += IsCapture(effects.outcome) ? 'x' : '-';
     // The computer's rule chooses nothing where no option was due.
     const bool due = effects.pawn != PawnOutcome::NotDue;
-    token += SquareName(move.toX, move.toY) + (due ? OptionText(move.option) : "");
-    if (effects.outcome == MoveOutcome::KingTaken) token += '#';
+    text.move += SquareName(move.toX, move.toY) + (due ? OptionText(move.option) : "");
+    if (effects.outcome == MoveOutcome::KingTaken) text.move += '#';
   }
-  text += token + Aftermath(before, position);
-  return true;
+  NoteAftermath(before, position, text);
+  return text;
 }
 
 // ---- Reading ----
@@ -296,15 +294,15 @@ std::optional<std::string> WriteRecordText(const GameRecord& game, const Board* 
   Position position = start;
   int lineRound = 0;
   for (const RecordEvent& event : record.events) {
-    const int round = position.roundNumber;
-    std::string token;
-    if (!WriteEvent(event, position, token)) break;
-    if (round != lineRound) {
+    const std::optional<EventText> described = PlayAndDescribe(event, position);
+    if (!described) break;
+    if (described->round != lineRound) {
       if (lineRound != 0) moves += '\n';
-      moves += std::to_string(round) + '.';
-      lineRound = round;
+      moves += std::to_string(described->round) + '.';
+      lineRound = described->round;
     }
-    moves += ' ' + token;
+    moves += std::string(" ") + TeamName(described->team) + ' ' + described->move;
+    for (const std::string& note : described->notes) moves += " {" + note + '}';
   }
   if (lineRound != 0) moves += '\n';
 
@@ -411,6 +409,17 @@ std::string RecordDateToday() {
   char text[16];
   std::strftime(text, sizeof text, "%Y.%m.%d", &parts);
   return text;
+}
+
+std::vector<EventText> DescribeEvents(const Record& record) {
+  std::vector<EventText> texts;
+  Position position = record.start;
+  for (const RecordEvent& event : record.events) {
+    std::optional<EventText> text = PlayAndDescribe(event, position);
+    if (!text) break;
+    texts.push_back(std::move(*text));
+  }
+  return texts;
 }
 
 Position FinalPosition(const Record& record) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/record.h"
 #include "core/setup.h"
@@ -39,6 +40,17 @@ std::optional<std::string> WriteRecordText(const GameRecord& game, const Board* 
 // it and leaves game as it was.
 std::optional<RecordProblem> ReadRecordText(std::string_view text, const Board* standardStart,
                                             GameRecord& game);
+
+// One event as the record writes it.
+struct EventText {
+  int round = 0;
+  int team = kNoTeam;  // who played it
+  std::string move;    // "Qi2xi12#", "Pe14-e15=2", "resigns(Black)"
+  std::vector<std::string> notes;  // "Black falls", "White and Black win"
+};
+
+// The events of a record that fit, in order.
+std::vector<EventText> DescribeEvents(const Record& record);
 
 // Today's date as records write it, in UTC.
 std::string RecordDateToday();
