@@ -288,8 +288,8 @@ void MainWindow::LayOutInnerArea() {
     // The move list takes its width at the right; the rest is laid out as ever.
     const int listWidth = records_->ListShown() ? MoveListView::kWidth : 0;
     const auto layout =
-        LayOutWindow(inner.width() - listWidth, inner.height(), gameDescription_->fontMetrics().height(),
-                     turn_->fontMetrics().height());
+        LayOutWindow(inner.width() - listWidth, inner.height(),
+                     gameDescription_->fontMetrics().height(), turn_->fontMetrics().height());
     if (!layout) return;
     gameDescription_->setGeometry(layout->gameDescription);
     turn_->setGeometry(layout->turn);
