@@ -134,6 +134,15 @@ void MoveListView::Browse(int plies) {
   browsed_ = plies;
   redraw_ = true;
   SelectPly(plies);
+  if (showNote) showNote(NoteFor(plies));
+}
+
+QString MoveListView::NoteFor(int plies) const {
+  if (plies == 0) return "Replay: the start (End returns)";
+  const QTableWidgetItem* cell = currentItem();
+  const QString move = cell != nullptr ? cell->text() : QString();
+  const QString team = cell != nullptr ? horizontalHeaderItem(cell->column())->text() : QString();
+  return "Replay: " + team + " " + move + " (End returns)";
 }
 
 void MoveListView::Return() {
@@ -141,7 +150,9 @@ void MoveListView::Return() {
   browsed_.reset();
   redraw_ = false;
   SelectPly(describedPlies_);
-  if (was) game_.view.boardChanged = true;
+  if (!was) return;
+  game_.view.boardChanged = true;
+  if (showNote) showNote("");
 }
 
 void MoveListView::DrawBrowsed(BoardView& view) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QTableWidget>
+#include <functional>
 #include <optional>
 
 #include "core/record.h"
@@ -33,6 +34,9 @@ class MoveListView : public QTableWidget {
   int BrowsedPlies() const { return browsed_.value_or(PlyCount()); }
   int PlyCount() const { return static_cast<int>(shownRecord_.events.size()); }
 
+  // Told what the board shows while browsing, and "" on the way back.
+  std::function<void(const QString&)> showNote;
+
   // Draws the browsed position, once after each step.
   void DrawBrowsed(BoardView& view);
 
@@ -42,6 +46,7 @@ class MoveListView : public QTableWidget {
  private:
   void Rebuild();
   void SelectPly(int plies);
+  QString NoteFor(int plies) const;
 
   Game& game_;
   Record shownRecord_;      // the record the rows were built from

@@ -1,6 +1,7 @@
 #include "ui/record_commands.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <cctype>
@@ -37,6 +38,7 @@ RecordCommands::RecordCommands(Game& game, QtOutside& outside, MainWindow& windo
                                MoveListView& list)
     : game_(game), outside_(outside), window_(window), list_(list) {
   window_.view().installEventFilter(this);
+  list_.showNote = [this](const QString& note) { window_.pieceLabel().setText(note); };
   connect(&refresh_, &QTimer::timeout, this, &RecordCommands::Refresh);
   refresh_.start(kRefreshMs);
 }
