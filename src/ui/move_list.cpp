@@ -152,6 +152,8 @@ void MoveListView::Return() {
   SelectPly(describedPlies_);
   if (!was) return;
   game_.view.boardChanged = true;
+  // The victory screen is drawn whole again over the browsed board.
+  if (game_.turn.gameMode == ModeVictory) game_.turn.gameMode = ModeVictorySetUp;
   if (showNote) showNote("");
 }
 
