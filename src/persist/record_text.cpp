@@ -345,6 +345,9 @@ std::optional<RecordProblem> ReadRecordText(std::string_view text, const Board* 
 
   GameRecord read;
   read.setup.gameName = tags["Name"].first;
+  // A saved game's text keeps its name between double quotes, with no escape.
+  if (read.setup.gameName.find('"') != std::string::npos)
+    return RecordProblem{tags["Name"].second, "a game's name cannot hold a double quote"};
   if (tags.count("Date")) read.date = tags["Date"].first;
   Position start;
   start.gameType = IndexIn(kGameTypeNames, tags["GameType"].first) + 1;

@@ -165,6 +165,7 @@ TEST(RecordTextTest, ADamagedRecordIsRefusedWithLineAndReason) {
       {swapped("[GameType \"Allied Neighbors\"]\n", ""), 14, "the tag GameType is missing"},
       {swapped("[Blue \"Aggressive\"]", "[Blue \"Clever\"]"), 6, "a player is Human"},
       {swapped("[Name \"Moat Keep\"]", "[Name Moat Keep]"), 1, "a tag is [Key"},
+      {swapped("[Name \"Moat Keep\"]", "[Name \"Moat \\\"Keep\"]"), 1, "double quote"},
       {swapped("[Result \"*\"]", "[Result \"Red\"]"), 12, "the result is *, not Red"},
       {swapped("[Start \"standard\"]", "[Start \"8/8 w 1\"]"), 13, "8 fields"},
       {replaced(firstMove, 1, "Q"), 15, "no Queen of White stands"},
