@@ -2,14 +2,14 @@
 // them: the record of each replays to the game's final text, byte for byte.
 #include "core/new_game_data.h"
 #include "flow/new_game.h"
-#include "passes_fixture.h"
+#include "flow_fixture.h"
 #include "persist/game_text.h"
 #include "persist/record_text.h"
 
 namespace varkesh::testing {
 namespace {
 
-using RecordReplayTest = PassesTest;
+using RecordReplayTest = FlowTest;
 
 TEST_F(RecordReplayTest, TheRecordOfAComputerGameReplaysToItsFinalText) {
   const Board standard = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");

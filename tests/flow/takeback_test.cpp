@@ -4,13 +4,13 @@
 
 #include "flow/new_game.h"
 #include "flow/save_load.h"
-#include "passes_fixture.h"
+#include "flow_fixture.h"
 #include "support/first_move.h"
 
 namespace varkesh::testing {
 namespace {
 
-class TakebackTest : public PassesTest {
+class TakebackTest : public FlowTest {
  protected:
   TakebackState state;
   std::vector<Match> humanTurns;  // the match at the start of each of White's turns
