@@ -3,6 +3,8 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "cli.h"
@@ -10,6 +12,7 @@
 #include "flow/new_game.h"
 #include "load_for_play.h"
 #include "search_options.h"
+#include "record_file.h"
 
 namespace varkesh::cli {
 
@@ -17,12 +20,13 @@ namespace {
 
 constexpr const char* kUsage =
     "selfplay [--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]\n"
-    "         [--levels a,b,c,d]\n"
+    "         [--levels a,b,c,d] [--records DIR]\n"
     "  Plays N whole games (10) of computer seats, personalities 1 to 3, through the main\n"
     "  loop. Game g plays with seed S+g-1 (S is 1); its type, rule and players, unless\n"
     "  given, are drawn from that seed. A game still running after M rounds (500) is\n"
     "  unfinished. --levels gives each seat's level (classic, club, expert, master or 1 to 4;\n"
-    "  Classic by default). One line a game, then three lines of summary:\n"
+    "  Classic by default). With --records, game G's record goes to DIR/game-G.vrec.\n"
+    "  One line a game, then three lines of summary:\n"
     "    game G seed S type T rule R players a,b,c,d won|unfinished winner TEAM|none"
     " cowinner TEAM|none rounds R moves M seconds X\n"
     "    summary games N won W unfinished U average-rounds X games-per-second X\n"
@@ -37,6 +41,7 @@ struct Settings {
   PerTeam<int> players{};  // all 0: drawn for each game
   int maxRounds = 500;
   PerTeam<int> levels{kLevelClassic, kLevelClassic, kLevelClassic, kLevelClassic};
+  std::string recordsDir;  // empty: no records written
 };
 
 struct Result {
@@ -50,7 +55,8 @@ struct Result {
 
 Settings ParseSettings(const Args& args) {
   const Options options = ParseOptions(
-      args, {"games", "seed", "type", "rule", "players", "max-rounds", "levels"}, {}, kUsage);
+      args, {"games", "seed", "type", "rule", "players", "max-rounds", "levels", "records"}, {},
+      kUsage);
   if (!options.positional.empty()) Usage(kUsage);
   Settings settings;
   if (options.Has("games"))
@@ -65,6 +71,8 @@ Settings ParseSettings(const Args& args) {
   if (options.Has("max-rounds"))
     settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000, kUsage);
   if (options.Has("levels")) settings.levels = ParseSeatLevels(options.Value("levels"), kUsage);
+  settings.recordsDir = options.Value("records");
+  if (options.Has("records") && !std::filesystem::is_directory(settings.recordsDir)) Usage(kUsage);
   return settings;
 }
 
@@ -86,8 +94,19 @@ bool ComputerOnTurn(const Game& game) {
   return game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves;
 }
 
+void WriteRecord(const Game& game, const std::string& path) {
+  GameRecord record;
+  record.setup = game.match.setup;
+  record.date = RecordDateToday();
+  record.record = game.match.record;
+  const std::optional<Board> standard = StandardStartBoard();
+  const std::string text = RecordText(record, standard ? &*standard : nullptr, path);
+  std::ofstream file(path, std::ios::binary);
+  if (!(file << text)) BadInput("varkesh-cli: cannot write " + path);
+}
+
 Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
-                int maxRounds) {
+                int maxRounds, const std::string& recordPath) {
   const auto start = std::chrono::steady_clock::now();
   outside.newGameChoices.push_back(choice);
   Game game;
@@ -100,6 +119,7 @@ Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t
     RunPass(game, outside, headless);
   }
   FailOnReportedFault(outside);
+  if (!recordPath.empty()) WriteRecord(game, recordPath);
   result.won = game.turn.gameMode == ModeVictorySetUp;
   result.winner = result.won ? game.match.position.winner : kNoTeam;
   result.coWinner = result.won ? game.match.position.coWinner : kNoTeam;
@@ -127,8 +147,11 @@ int CmdSelfplay(const Args& args) {
   for (int g = 1; g <= settings.games; ++g) {
     const long long gameSeed = static_cast<long long>(settings.seed) + g - 1;
     const NewGameChoice choice = ChoiceFor(settings, static_cast<std::uint64_t>(gameSeed));
-    const Result result =
-        PlayGame(outside, choice, static_cast<std::uint64_t>(gameSeed), settings.maxRounds);
+    const std::string recordPath =
+        settings.recordsDir.empty() ? std::string()
+                                    : settings.recordsDir + "/game-" + std::to_string(g) + ".vrec";
+    const Result result = PlayGame(outside, choice, static_cast<std::uint64_t>(gameSeed),
+                                   settings.maxRounds, recordPath);
     std::printf(
         "game %d seed %lld type %d rule %d players %d,%d,%d,%d %s winner %s cowinner %s rounds %d "
         "moves %d seconds %.3f\n",
