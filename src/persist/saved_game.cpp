@@ -88,7 +88,7 @@ std::optional<std::string> ReadSavedRecord(std::string_view startText, std::stri
 }
 
 // The level of each seat: "L a b c d". A file without the line, or with one
-// that does not read, plays every seat as Classic.
+// that does not read, keeps no levels: every seat plays as Classic.
 std::string LevelsLine(const Setup& setup) {
   std::string text = "L";
   for (int level : setup.levels) text += " " + std::to_string(level);
@@ -96,14 +96,14 @@ std::string LevelsLine(const Setup& setup) {
 }
 
 PerTeam<int> ReadLevels(std::string_view text) {
-  PerTeam<int> levels{kLevelClassic, kLevelClassic, kLevelClassic, kLevelClassic};
+  PerTeam<int> levels{};
   if (text.substr(0, 2) != "L ") return levels;
   text.remove_prefix(2);
   while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);
   int read[kTeamCount];
   if (!ReadNumbers(text, read, kTeamCount)) return levels;
   for (std::size_t t = 0; t < levels.size(); ++t)
-    if (read[t] >= kLevelClassic && read[t] <= kLevelMaster) levels[t] = read[t];
+    if (read[t] > 0 && read[t] <= kLevelMaster) levels[t] = read[t];
   return levels;
 }
 
@@ -121,7 +121,8 @@ void DecodeSavedGame(std::string_view coded, Match& match, SquareMarks* marks) {
   SquareMarks readMarks{};
   if (auto problem = ReadGameText(parts.front(), read.position, read.setup, &readMarks))
     throw std::runtime_error(*problem);
-  read.setup.levels = ReadLevels(parts.size() >= 4 ? std::string_view(parts[3]) : std::string_view());
+  read.setup.levels =
+      ReadLevels(parts.size() >= 4 ? std::string_view(parts[3]) : std::string_view());
   read.BeginRecord();
   // The record is kept only when it leads exactly to the saved position.
   Record record;

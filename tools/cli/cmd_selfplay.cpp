@@ -11,8 +11,8 @@
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
 #include "load_for_play.h"
-#include "search_options.h"
 #include "record_file.h"
+#include "search_options.h"
 
 namespace varkesh::cli {
 

@@ -27,7 +27,8 @@ constexpr Command kCommands[] = {
     {"match", varkesh::cli::CmdMatch,
      "--levels A,B --games N [--type T] [--rule R] [--movetime MS | --nodes N] [--seed S]"},
     {"selfplay", varkesh::cli::CmdSelfplay,
-     "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M] [--levels a,b,c,d] [--records DIR]"},
+     "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M] [--levels "
+     "a,b,c,d] [--records DIR]"},
     {"record", varkesh::cli::CmdRecord, "FILE"},
     {"replay", varkesh::cli::CmdReplay, "RECORD [--ply N]"},
     {"perft", varkesh::cli::CmdPerft, "FILE DEPTH [--divide]"},
