@@ -14,8 +14,10 @@
 #include "flow/save_load.h"
 #include "ui/connect_dialog.h"
 #include "ui/dialog_placement.h"
+#include "ui/move_list.h"
 #include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
+#include "ui/record_commands.h"
 #include "ui/view_widget.h"
 #include "ui/window_layout.h"
 
@@ -59,6 +61,8 @@ MainWindow::MainWindow(Game& game, const DesktopServices& services)
   turn_ = NamedLabel("lblTurn", Qt::AlignLeft, inner);
   piece_ = NamedLabel("lblPiece", Qt::AlignRight, inner);
   view_ = new ViewWidget(game, inner);
+  moveList_ = new MoveListView(game, inner);
+  records_ = std::make_unique<RecordCommands>(game, *outside_, *this, *moveList_);
   inner->installEventFilter(this);
 
   BuildMenus();
@@ -69,10 +73,11 @@ MainWindow::MainWindow(Game& game, const DesktopServices& services)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::PlaceOnScreen() {
-  resize(kStartWidth, kStartHeight);
+  const int width = kStartWidth + (records_->ListShown() ? MoveListView::kWidth : 0);
+  resize(width, kStartHeight);
   const QRect screenArea = screen()->geometry();
   const int top = kStartHeight == screenArea.height() ? 0 : kStartTop;
-  move(screenArea.left() + screenArea.width() / 2 - kStartWidth / 2, screenArea.top() + top);
+  move(screenArea.left() + screenArea.width() / 2 - width / 2, screenArea.top() + top);
 }
 
 QAction* MainWindow::AddEntry(QMenu* menu, const char* objectName, const char* text,
@@ -149,6 +154,8 @@ void MainWindow::BuildGameMenu() {
                                       [this] { LoadGameCommand(game_, *outside_); });
   menus_[Menu::GameSave] = AddCommand(menu, "mnuGameSave", "&Save Game", Qt::CTRL | Qt::Key_S,
                                       [this] { SaveGameCommand(game_, *outside_); });
+  menu->addSeparator()->setObjectName("mnuGameUL2");
+  records_->AddGameEntries(menu);
   menu->addSeparator()->setObjectName("mnuGameUL3");
   connect(AddEntry(menu, "mnuGameExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
 }
@@ -210,6 +217,7 @@ void MainWindow::BuildOptionsMenu() {
   connect(menus_[Menu::OptionIndicator], &QAction::triggered, this,
           [this] { game_.view.boardChanged = true; });
 
+  records_->AddOptionsEntries(menu);
   menu->addSeparator()->setObjectName("mnuOptionsUL1");
   auto* history = new QActionGroup(this);
   history->setExclusive(true);
@@ -277,14 +285,18 @@ void MainWindow::LayOutInnerArea() {
   Guarded(*outside_, kModule, "Form.Resize", [this] {
     if (isMinimized()) return;
     const QSize inner = centralWidget()->size();
+    // The move list takes its width at the right; the rest is laid out as ever.
+    const int listWidth = records_->ListShown() ? MoveListView::kWidth : 0;
     const auto layout =
-        LayOutWindow(inner.width(), inner.height(), gameDescription_->fontMetrics().height(),
-                     turn_->fontMetrics().height());
+        LayOutWindow(inner.width() - listWidth, inner.height(),
+                     gameDescription_->fontMetrics().height(), turn_->fontMetrics().height());
     if (!layout) return;
     gameDescription_->setGeometry(layout->gameDescription);
     turn_->setGeometry(layout->turn);
     piece_->setGeometry(layout->piece);
     view_->setGeometry(layout->view);
+    moveList_->setGeometry(inner.width() - listWidth, layout->view.top(), listWidth,
+                           layout->view.height());
   });
 }
 

@@ -18,7 +18,9 @@ class QMenu;
 
 namespace varkesh {
 
+class MoveListView;
 class NetPlaySession;
+class RecordCommands;
 class ViewWidget;
 
 // The chapters of the local help that stand in for the game's web pages
@@ -62,6 +64,11 @@ class MainWindow : public QMainWindow {
   // loop does not advance inside an event.
   bool CommandRunning() const { return commandDepth_ > 0; }
 
+  MoveListView& moveList() { return *moveList_; }
+  RecordCommands& recordCommands() { return *records_; }
+  // Places the labels, the board view and the move list in the inner area.
+  void LayOutInnerArea();
+
   // The open NetPlay session, or null.
   NetPlaySession* netPlay() { return netPlay_.get(); }
   // As the program ends: the session closes without a question.
@@ -86,7 +93,6 @@ class MainWindow : public QMainWindow {
   // held while it runs.
   QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
                       const QKeySequence& key, std::function<void()> body);
-  void LayOutInnerArea();
   // The connect dialog for role 1 (host) or 3 (client), then the session.
   void OpenNetPlay(int role);
 
@@ -97,6 +103,8 @@ class MainWindow : public QMainWindow {
   QLabel* turn_ = nullptr;
   QLabel* piece_ = nullptr;
   ViewWidget* view_ = nullptr;
+  MoveListView* moveList_ = nullptr;
+  std::unique_ptr<RecordCommands> records_;
   std::map<Menu, QAction*> menus_;
   int commandDepth_ = 0;
   std::unique_ptr<NetPlaySession> netPlay_;
