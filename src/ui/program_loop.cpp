@@ -63,6 +63,7 @@ void ProgramLoop::Tick() {
   if (!game.turn.quitRequested && !game.turn.paused && !window.CommandRunning()) {
     NetPlaySession* netPlay = window.netPlay();
     if (netPlay != nullptr && netPlay->IsOpen()) net::ServeGameQueue(netPlay->node());
+    fit_.Update(program_);
     RunPass(game, window.outside(), *program_.view);
   }
   window.view().SyncPauseCaption();

@@ -93,6 +93,7 @@ class RunningProgram {
   bool Started() const { return started_; }
   bool Ended() const { return ended_; }
   Game& game() { return program_.game; }
+  Program& program() { return program_; }
   MainWindow& window() { return *program_.window; }
   ScriptedDocuments& documents() { return *documents_; }
   SettingsStore& settings() { return *program_.settings; }
