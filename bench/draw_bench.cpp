@@ -31,6 +31,7 @@ struct Scene {
                        [this] { return now += 0.1; },
                        {}});
     game.match.position.board = LoadNewGameDataFile(std::string(kPackDir) + "/newgamedata.txt");
+    game.match.position.Refresh();
     game.match.position.currentTeam = kWhite;
     game.turn.gameMode = ModeChoosePiece;
     MarkMoveablePieces(game, true);

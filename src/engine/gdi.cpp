@@ -114,6 +114,7 @@ void Gdi::SetScale(double scale) {
     const int back = view.backBuffer;
     if (!IsValid(back)) continue;
     view.dirty = {0, 0, pictures_[back].image.width(), pictures_[back].image.height()};
+    view.drawn = pictures_[back].image.rect();
     ++view.draws;
   }
 }
@@ -201,6 +202,7 @@ void Gdi::GrowDirty(PicNum target, const QRect& area) {
   ViewRec* view = View(pictures_[target].viewNum);
   if (!view) return;
   ++view->draws;
+  view->drawn += area;
   DirtyEdges& dirty = view->dirty;
   dirty.left = std::min(dirty.left, area.left());
   dirty.top = std::min(dirty.top, area.top());
@@ -278,6 +280,7 @@ void Gdi::FillPicture(PicNum pic, Rgb colour) {
   rec->image.fill(QColor(colour.red, colour.green, colour.blue));
   if (ViewRec* view = View(rec->viewNum)) {
     view->dirty = {0, 0, rec->image.width(), rec->image.height()};
+    view->drawn = rec->image.rect();
     ++view->draws;
   }
 }

@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 #include <cstdint>
 #include <deque>
@@ -132,6 +133,7 @@ class Gdi {
     ViewWindow window;
     PicNum backBuffer = -1;
     DirtyEdges dirty;
+    QRegion drawn;  // the areas drawn on since the last show, in device pixels
     QImage screen;
     QImage lastShown;  // the back buffer as it was last shown
     std::uint64_t draws = 0;

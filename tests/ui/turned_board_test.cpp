@@ -180,6 +180,7 @@ TEST(TurnedBoard, AGameFromTheKeyboardIsTheGameOfTheMouse) {
     const ViewState& view = run.game().view;
     for (int i = 0; i < kMoveCount; ++i) {
       const BoardSquare from = view.moveablePieces[1 + (3 * i) % view.moveablePieces.Count()];
+      ASSERT_EQ(run.game().view.bottomTeam, kWhite) << "unturned by default at home";
       run.ClickSquare(from.x, from.y);
       ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
       const BoardSquare to = view.moveablePieces[1];

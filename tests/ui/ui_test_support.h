@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "persist/command_line.h"
+#include "ui/board_turn.h"
 #include "ui/documents.h"
 #include "ui/main_window.h"
 #include "ui/program_loop.h"
@@ -99,11 +100,16 @@ class RunningProgram {
   SettingsStore& settings() { return *program_.settings; }
   const std::string& folder() const { return folder_; }
 
-  // A click in the middle of a square of the board at full size.
+  // A click in the middle of a square of the game where the board shows it,
+  // turned and scaled as it is.
   void ClickSquare(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     ViewWidget& view = window().view();
-    QTest::mouseClick(&view, button, {},
-                      view.contentsRect().topLeft() + QPoint(x * 35 + 17, y * 35 + 17));
+    const SquarePoint drawn = DrawnSquare(x, y, game().view.bottomTeam);
+    const double unit = view.contentsRect().width() / 600.0;
+    QTest::mouseClick(
+        &view, button, {},
+        view.contentsRect().topLeft() + QPoint(static_cast<int>((drawn.x * 35 + 17) * unit),
+                                               static_cast<int>((drawn.y * 35 + 17) * unit)));
   }
   void PressShortcut(Qt::Key key) {
     window().activateWindow();
@@ -117,7 +123,8 @@ class RunningProgram {
   bool WaitFor(int mode, int team = kNoTeam) {
     return WaitFor(
         [=, this] {
-          return game().turn.gameMode == mode && (team == kNoTeam || game().match.position.currentTeam == team);
+          return game().turn.gameMode == mode &&
+                 (team == kNoTeam || game().match.position.currentTeam == team);
         },
         120000);
   }
