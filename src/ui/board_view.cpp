@@ -25,7 +25,7 @@ constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
 const FontDescription kNoteFont{"Sans", 12, true};
 const FontDescription kVersionFont{"Sans", 9, false};
 constexpr int kNoteY = 188;               // under the title's subtitle, above its board
-constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
+constexpr double kStrobeInterval = 0.1;  // seconds: ten steps a second, smooth to the eye
 constexpr int kFrameRateSpan = 250;       // milliseconds
 
 constexpr int kBannerWidth = 270, kBannerHeight = 95, kBannerY = 300;

@@ -106,13 +106,17 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
     return;
   }
   if (screen->size() == DevicePixels()) {
-    // Device pixel for device pixel: sharp at any ratio of the screen.
+    // Device pixel for device pixel: sharp at any ratio of the screen, and
+    // with no transformation left, the painter copies the pixels as they are.
     const double ratio = devicePixelRatioF();
-    const QRect area = event->rect().intersected(inner);
-    const QRect local = area.translated(-inner.topLeft());
-    const QRectF source(local.x() * ratio, local.y() * ratio, local.width() * ratio,
-                        local.height() * ratio);
-    painter.drawImage(QRectF(area), *screen, source);
+    const QRect area = event->rect().intersected(inner).translated(-inner.topLeft());
+    const QRect source = QRectF(area.x() * ratio, area.y() * ratio, area.width() * ratio,
+                                area.height() * ratio)
+                             .toAlignedRect()
+                             .intersected(screen->rect());
+    painter.translate(inner.topLeft());
+    painter.scale(1.0 / ratio, 1.0 / ratio);
+    painter.drawImage(source.topLeft(), *screen, source);
   } else {
     // Just resized: the next show brings a picture of the new size.
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
