@@ -24,9 +24,9 @@ constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
     {{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
 const FontDescription kNoteFont{"Sans", 12, true};
 const FontDescription kVersionFont{"Sans", 9, false};
-constexpr int kNoteY = 188;               // under the title's subtitle, above its board
+constexpr int kNoteY = 188;              // under the title's subtitle, above its board
 constexpr double kStrobeInterval = 0.1;  // seconds: ten steps a second, smooth to the eye
-constexpr int kFrameRateSpan = 250;       // milliseconds
+constexpr int kFrameRateSpan = 250;      // milliseconds
 
 constexpr int kBannerWidth = 270, kBannerHeight = 95, kBannerY = 300;
 constexpr int kFlagWidth = 150, kFlagHeight = 57;
@@ -198,6 +198,7 @@ void BoardView::DrawSquares(Game& game) {
     gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0, art_.backBuffer,
                     at.x, at.y);
   }
+  DrawCursor(game);  // over the strobe
   game.view.viewChanged = true;
   strobeLastDrawn_ = now;
 }
@@ -208,6 +209,7 @@ void BoardView::DrawSelection(Game& game, int x, int y, bool preview) {
   const SquarePoint drawn = DrawnSquare(x, y, bottomTeam_);
   PixelPoint at = SquareCorner(drawn.x, drawn.y);
   DrawMarker(kMoveStartCell, row, at.x, at.y);
+  DrawCursor(game);
   game.view.viewChanged = true;
 }
 
@@ -219,6 +221,7 @@ void BoardView::DrawMove(Game& game, int fromX, int fromY, int toX, int toY, boo
   bottomTeam_ = game.view.bottomTeam;
   DrawMoveMarkers(fromX, fromY, toX, toY, preview ? kPreviewRow : MarkerRow(mover),
                   capture ? kCaptureEndCell : kMoveEndCell);
+  DrawCursor(game);
   game.view.viewChanged = true;
 }
 

@@ -110,10 +110,10 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
     // with no transformation left, the painter copies the pixels as they are.
     const double ratio = devicePixelRatioF();
     const QRect area = event->rect().intersected(inner).translated(-inner.topLeft());
-    const QRect source = QRectF(area.x() * ratio, area.y() * ratio, area.width() * ratio,
-                                area.height() * ratio)
-                             .toAlignedRect()
-                             .intersected(screen->rect());
+    const QRect source =
+        QRectF(area.x() * ratio, area.y() * ratio, area.width() * ratio, area.height() * ratio)
+            .toAlignedRect()
+            .intersected(screen->rect());
     painter.translate(inner.topLeft());
     painter.scale(1.0 / ratio, 1.0 / ratio);
     painter.drawImage(source.topLeft(), *screen, source);
