@@ -6,10 +6,12 @@
 #include <new>
 #include <string>
 
-#include "ai/computer.h"
+#include "ai/choice_ladder.h"
+#include "core/match.h"
 #include "core/new_game_data.h"
-#include "core/quiet_outside.h"
 #include "engine/general_engine.h"
+#include "flow/game_view.h"
+#include "flow/headless_outside.h"
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
 
@@ -35,86 +37,86 @@ namespace {
 
 constexpr const char* kStartPosition = VARKESH_PACK_DIR "/newgamedata.txt";
 
-// Answers every question at once and shows nothing: only the logic is timed.
-class SilentOutside : public QuietOutside {
+// Shows nothing and writes no log: only the thinking is timed.
+class SilentThinking : public AiOutside {
  public:
-  NewGameChoice choice;
+  void SetPieceLabel(const std::string&) override {}
+  void Yield() override {}
+  GeneralEngine& Engine() override { return engine_; }
 
-  bool AskYesNo(const std::string&, const std::string&) override { return true; }
-  NewGameChoice RunNewGameDialog(const PerTeam<int>&, const std::string&) override {
-    return choice;
-  }
-  int RunConcedeDialog(const std::vector<int>& teams) override {
-    return teams.empty() ? 0 : teams.front();
-  }
-  std::string ExtractEntry(const std::string&) override { return kStartPosition; }
+ private:
+  GeneralEngine engine_;
 };
 
-Game StartPosition() {
-  Game game;
-  game.match.position.gameType = kAnarchy;
-  game.match.setup.playerKinds = {kAggressive, kBalanced, kDefensive, kBalanced};
-  game.random.Seed(11);
-  LoadNewGameDataFile(game, kStartPosition);
-  return game;
+Match StartMatch() {
+  Match match;
+  match.position.gameType = kAnarchy;
+  match.position.board = LoadNewGameDataFile(kStartPosition);
+  match.position.Refresh();
+  match.setup.playerKinds = {kAggressive, kBalanced, kDefensive, kBalanced};
+  match.BeginRecord();
+  return match;
 }
 
 // Fifteen rounds of a seeded game: pieces are out and lines open, few taken.
-Game CrowdedMidgame() {
-  Game game = StartPosition();
-  SilentOutside outside;
-  while (game.match.position.roundNumber <= 15) {
-    const int chosen = GetAImove(game, outside);
-    if (chosen == 0) break;
-    const MoveRec move = game.moveList[chosen];
-    game.turn.moveFromX = move.fromX;
-    game.turn.moveFromY = move.fromY;
-    game.turn.moveToX = move.toX;
-    game.turn.moveToY = move.toY;
-    CarryOutAImove(game, outside);
+Match CrowdedMidgame() {
+  Match match = StartMatch();
+  Random random(11);
+  SilentThinking outside;
+  AiMoveList moves;
+  while (match.position.roundNumber <= 15 && !match.position.Finished()) {
+    const AiChoice choice = ChooseAImove(match.position, match.setup, moves, random, outside);
+    if (choice.index == 0) break;
+    PlayMove(match, ChosenMove(moves, choice));
   }
-  return game;
+  return match;
 }
 
-int LivePieces(const Game& game) {
+int LivePieces(const Position& position) {
   int live = 0;
-  for (const Square& square : game.match.position.board.squares) live += square.piece > 0 ? 1 : 0;
+  for (const Square& square : position.board.squares) live += square.piece > 0 ? 1 : 0;
   return live;
 }
 
-void TimeOneTurn(benchmark::State& state, const Game& position) {
-  Game game = position;
-  SilentOutside outside;
-  GetAImove(game, outside);  // the lists grow to their size once
+void TimeOneTurn(benchmark::State& state, const Match& match) {
+  SilentThinking outside;
+  Random random(7);
+  AiMoveList moves;
+  ChooseAImove(match.position, match.setup, moves, random, outside);  // lists grow once
   const long before = allocations;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(GetAImove(game, outside));
+    benchmark::DoNotOptimize(
+        ChooseAImove(match.position, match.setup, moves, random, outside).index);
   }
   state.counters["allocs/turn"] =
       static_cast<double>(allocations - before) / static_cast<double>(state.iterations());
-  state.counters["moves"] = game.moveList.Count();
-  state.counters["pieces"] = LivePieces(game);
+  state.counters["moves"] = moves.Count();
+  state.counters["pieces"] = LivePieces(match.position);
 }
 
-void BM_GetAImoveStartPosition(benchmark::State& state) {
-  TimeOneTurn(state, StartPosition());
+void BM_ChooseAImoveStartPosition(benchmark::State& state) {
+  TimeOneTurn(state, StartMatch());
 }
-BENCHMARK(BM_GetAImoveStartPosition)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_ChooseAImoveStartPosition)->Unit(benchmark::kMicrosecond);
 
-void BM_GetAImoveCrowdedMidgame(benchmark::State& state) {
+void BM_ChooseAImoveCrowdedMidgame(benchmark::State& state) {
   TimeOneTurn(state, CrowdedMidgame());
 }
-BENCHMARK(BM_GetAImoveCrowdedMidgame)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_ChooseAImoveCrowdedMidgame)->Unit(benchmark::kMicrosecond);
 
 // Whole games, New Game to the victory screen, at most 300 rounds each.
 void BM_SelfPlayGames(benchmark::State& state) {
-  SilentOutside outside;
-  outside.choice = {
-      true, kAnarchy, kKingdomLost, {kAggressive, kBalanced, kDefensive, kBalanced}, "Bench"};
+  HeadlessOutside outside({});
+  outside.entryPaths["newgamedata"] = kStartPosition;
+  // A clock that each yield moves on by far, so that no preview waits.
+  outside.manualClock = true;
+  outside.yieldStep = 60.0;
   GameView view;
   std::uint64_t seed = 1;
   std::int64_t moves = 0;
   for (auto _ : state) {
+    outside.newGameChoices.push_back(
+        {true, kAnarchy, kKingdomLost, {kAggressive, kBalanced, kDefensive, kBalanced}, "Bench"});
     Game game;
     game.random.Seed(seed++);
     NewGameCommand(game, outside);

@@ -36,16 +36,6 @@ bool IsCastleMove(const Square& from, const Square& to) {
   return from.piece == kKing && to.piece == kCastlePawn && from.team == to.team;
 }
 
-// A move that topples a kingdom rewrites the board and the dungeons: the
-// King is taken, or a capture leaves its team with too little material.
-bool TopplesAKingdom(const Position& position, const Square& from, const Square& to) {
-  if (to.piece == kNoPiece || IsCastleMove(from, to)) return false;
-  if (to.piece == kKing) return true;
-  if (TeamIndex(to.team) < 0) return false;
-  const int lost = IsPawnKind(to.piece) ? 1 : (to.piece >= kBishop && to.piece <= kQueen ? 2 : 0);
-  return Material(position, to.team) - lost < 5;
-}
-
 void RecordLightUndo(const Position& position, const Move& move, Undo& undo) {
   undo.whole = false;
   undo.optionSquare = -1;
@@ -200,6 +190,14 @@ void ResolveByComputer(Position& position, const Move& move, MoveEffects& effect
 }
 
 }  // namespace
+
+bool TopplesAKingdom(const Position& position, const Square& from, const Square& to) {
+  if (to.piece == kNoPiece || IsCastleMove(from, to)) return false;
+  if (to.piece == kKing) return true;
+  if (TeamIndex(to.team) < 0) return false;
+  const int lost = IsPawnKind(to.piece) ? 1 : (to.piece >= kBishop && to.piece <= kQueen ? 2 : 0);
+  return Material(position, to.team) - lost < 5;
+}
 
 void PassTurn(Position& position) {
   // Bounded: a damaged game with every kingdom fallen must not loop for ever.

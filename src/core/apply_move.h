@@ -37,11 +37,11 @@ struct MoveEffects {
   // A team whose King the move removed for lack of material, after the capture.
   int materialLoser = kNoTeam;
   PawnOutcome pawn = PawnOutcome::NotDue;
-  int optionCount = 0;  // lines offered, when the options were due
-  int optionX = 0, optionY = 0;  // CapturedInKeep
-  int optionIndex = 0;           // Freed
+  int optionCount = 0;                               // lines offered, when the options were due
+  int optionX = 0, optionY = 0;                      // CapturedInKeep
+  int optionIndex = 0;                               // Freed
   int optionTeam = kNoTeam, optionPiece = kNoPiece;  // the piece taken or freed
-  bool gameOver = false;  // a side has won: the turn did not pass
+  bool gameOver = false;                             // a side has won: the turn did not pass
 };
 
 // Enough to take a move back. A move that topples a kingdom changes the
@@ -68,6 +68,10 @@ static_assert(std::is_trivially_copyable_v<Position>);
 // Plays the move for the team on turn and passes the turn unless a side has
 // won. The move is trusted to be legal (IsLegal); squares off the array
 // change nothing. With undo, records what UndoMove needs.
+// Whether moving the piece on from onto to takes a King or leaves the taken
+// team with too little material: a move that rewrites the board and dungeons.
+bool TopplesAKingdom(const Position& position, const Square& from, const Square& to);
+
 MoveEffects ApplyMove(Position& position, const Move& move, Undo* undo = nullptr);
 void UndoMove(Position& position, const Move& move, const Undo& undo);
 

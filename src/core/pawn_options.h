@@ -42,5 +42,8 @@ struct MoveOptions {
   MoveEffects effects;  // what the move did up to the options
 };
 MoveOptions PawnOptionsOfMove(const Position& position, int fromX, int fromY, int toX, int toY);
+// How many lines those options have, without copying the position where the
+// move topples no kingdom (the move generator asks this for every raid).
+int PawnOptionLinesOfMove(const Position& position, int from, int to);
 
 }  // namespace varkesh

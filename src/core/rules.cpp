@@ -44,11 +44,6 @@ bool MayOpenPawnOptions(const Position& position, int from, int to) {
          position.board.squares[static_cast<std::size_t>(to)].terrain == kKeep;
 }
 
-std::vector<PawnOption> OptionsOf(const Position& position, int from, int to) {
-  return PawnOptionsOfMove(position, SquareX(from), SquareY(from), SquareX(to), SquareY(to))
-      .options;
-}
-
 }  // namespace
 
 void ListMoves(const Position& position, MoveList& moves) {
@@ -61,12 +56,10 @@ void ListMoves(const Position& position, MoveList& moves) {
 void ListBranches(const Position& position, MoveList& moves) {
   moves.Clear();
   ForEachMove(position, [&](int from, int to) {
-    const std::vector<PawnOption> options = MayOpenPawnOptions(position, from, to)
-                                                ? OptionsOf(position, from, to)
-                                                : std::vector<PawnOption>{};
-    if (options.empty()) return moves.Add(MoveBetween(from, to));
-    for (int line = 0; line < static_cast<int>(options.size()); ++line)
-      moves.Add(MoveBetween(from, to, line));
+    const int lines =
+        MayOpenPawnOptions(position, from, to) ? PawnOptionLinesOfMove(position, from, to) : 0;
+    if (lines == 0) return moves.Add(MoveBetween(from, to));
+    for (int line = 0; line < lines; ++line) moves.Add(MoveBetween(from, to, line));
     moves.Add(MoveBetween(from, to, kOptionClosed));
   });
 }
@@ -78,8 +71,8 @@ int CountBranches(const Position& position) {
       ++count;
       return;
     }
-    const std::size_t lines = OptionsOf(position, from, to).size();
-    count += lines == 0 ? 1 : static_cast<int>(lines) + 1;
+    const int lines = PawnOptionLinesOfMove(position, from, to);
+    count += lines == 0 ? 1 : lines + 1;
   });
   return count;
 }

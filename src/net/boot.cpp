@@ -21,10 +21,12 @@ std::string BootQuestion(const NetNode& node, int bootNode) {
 }
 
 void BootNode(NetNode& node, int bootNode, const std::string& reason) {
-  const std::string trimmed = Trimmed(ShowableText(reason));
-  if (trimmed.empty() || !CanBoot(node.session, bootNode)) return;
+  if (node.game.net.netRole != kNetHosting) return;
+  const std::string typed = ShowableText(reason);
+  // Blanks alone cancel; otherwise the reason goes out as it was typed.
+  if (Trimmed(typed).empty() || !CanBoot(node.session, bootNode)) return;
   // The booted client closes its line; the host then sees it leave.
-  SendToAllNodes(node, "GBOO}" + std::to_string(bootNode) + kFieldSeparator + trimmed, 0);
+  SendToAllNodes(node, "GBOO}" + std::to_string(bootNode) + kFieldSeparator + typed, 0);
 }
 
 }  // namespace varkesh::net

@@ -43,8 +43,10 @@ void AddChat(NetNode& node, const std::string& name, const std::string& text, Rg
 bool SendChat(NetNode& node, const std::string& typed) {
   // Code 0 and 1 would cut the message; other controls show as a mark.
   const std::string text = Trimmed(ShowableText(typed));
-  if (text.empty()) return false;
   Game& game = node.game;
+  // Out of a session (a host that could not listen) there is nobody to tell.
+  if (text.empty() || (game.net.netRole != kNetHosting && game.net.netRole != kNetClient))
+    return false;
   if (game.net.netRole == kNetHosting) {
     AddChat(node, " \u00BB" + game.net.localPlayerName, text, PlayerColor(game, game.net.myNodeId));
     SendToAllNodes(node, "GCHT}0" + std::string(1, kFieldSeparator) + text, 0);

@@ -48,8 +48,8 @@ void ShowReceivedChat(NetNode& node, std::string_view payload) {
   const auto [sender, text] = SplitFirstField(payload);
   const int from = FieldNumber(sender);
   const Game& game = node.game;
-  const std::string name =
-      from == game.net.myNodeId ? " \u00BB" + game.net.localPlayerName : NodeName(node.session, from);
+  const std::string name = from == game.net.myNodeId ? " \u00BB" + game.net.localPlayerName
+                                                     : NodeName(node.session, from);
   AddChat(node, name, std::string(text), PlayerColor(game, from));
 }
 
@@ -100,11 +100,25 @@ bool DispatchClient(NetNode& node, const std::string& message) {
   return true;
 }
 
+// A name told again is the player's new name: everyone gets the list again
+// and the node its game, as on joining, but its seats stay as they are.
+void Rename(NetNode& node, int from, std::string name) {
+  std::string& stored = node.session.nodeNames[static_cast<std::size_t>(from)];
+  if (name.empty() || name == stored) return;
+  stored = std::move(name);
+  SendNodeList(node);
+  UpdatePlayerNames(node);
+  ScheduleCatchUp(node, from);
+}
+
 void Welcome(NetNode& node, int from, std::string_view payload) {
   PeerGuard& peer = node.session.peers[static_cast<std::size_t>(from)];
-  if (peer.welcomed) return;
-  peer.welcomed = true;
   std::string name = CleanName(payload);
+  if (peer.welcomed) {
+    Rename(node, from, std::move(name));
+    return;
+  }
+  peer.welcomed = true;
   if (name.empty()) name = "Node " + std::to_string(from);
   const std::string joined = "     *** " + name + " has joined.";
   ShowNotice(node, joined);
@@ -150,7 +164,8 @@ bool DispatchHost(NetNode& node, int from, const std::string& message) {
   if (parts.verb == "GMNI") {
     Welcome(node, from, parts.payload);
   } else if (parts.verb == "GCHT") {
-    RelayChat(node, from, parts.payload);
+    if (node.session.peers[static_cast<std::size_t>(from)].welcomed)
+      RelayChat(node, from, parts.payload);
   } else if (IsGameVerb(parts.verb) || parts.verb == kChecksumVerb) {
     // Judged and relayed when its turn in the host's order comes.
     return QueueFrom(node, from, message);
@@ -168,7 +183,9 @@ std::optional<std::string> NextMessage(NetSession& session, int n) {
     session.nodeBuffers[at].clear();
     return std::nullopt;
   }
-  return TakeMessage(session.nodeBuffers[at]);
+  std::optional<std::string> message = TakeMessage(session.nodeBuffers[at]);
+  if (!message) return std::nullopt;
+  return FromWireText(*message);
 }
 
 bool CutOnce(NetNode& node) {

@@ -31,7 +31,8 @@ void RememberChecksum(NetNode& node) {
   const Game& game = node.game;
   auto& recent = session.recentChecksums;
   recent.emplace_back(session.gameEvents, GameChecksum(game));
-  if (session.kindsAtEvent != game.match.setup.playerKinds || session.seatsAtEvent != game.net.seatNode)
+  if (session.kindsAtEvent != game.match.setup.playerKinds ||
+      session.seatsAtEvent != game.net.seatNode)
     recent.emplace_back(session.gameEvents,
                         GameChecksum(game, session.kindsAtEvent, session.seatsAtEvent));
   session.kindsAtEvent = game.match.setup.playerKinds;
@@ -73,6 +74,12 @@ void LetSilentPeersGo(NetNode& node, double now) {
       ReportNetError(node, "SendToClient", 8,
                      PeerLabel(node, n) + " does not read what is sent to it; let go");
       LetGo(node, n);
+    } else if (host && !peer.welcomed && now - peer.acceptedAt > kNamelessSeconds) {
+      ReportNetError(node, "KeepAlive", 11,
+                     PeerLabel(node, n) + " sent no name within " +
+                         std::to_string(static_cast<int>(kNamelessSeconds)) +
+                         " seconds of its greeting; closed");
+      CloseNameless(node, n);
     } else if (peer.extended && now - peer.lastHeard > kSilenceSeconds) {
       ReportNetError(node, "KeepAlive", 9,
                      PeerLabel(node, n) + " has been silent for " +
@@ -185,7 +192,10 @@ void KeepAlive(NetNode& node) {
   NetSession& session = node.session;
   const double now = node.outside.Now();
   if (now - session.lastTick > kStallSeconds)
-    for (PeerGuard& peer : session.peers) peer.lastHeard = std::max(peer.lastHeard, now);
+    for (PeerGuard& peer : session.peers) {
+      peer.lastHeard = std::max(peer.lastHeard, now);
+      peer.acceptedAt = std::max(peer.acceptedAt, now);
+    }
   session.lastTick = now;
   LetSilentPeersGo(node, now);
   if (node.game.net.netRole == kNetHosting) {

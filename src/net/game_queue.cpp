@@ -1,5 +1,6 @@
 #include "net/game_queue.h"
 
+#include "core/pawn_options.h"
 #include "flow/accept_move.h"
 #include "flow/error_handler.h"
 #include "flow/mode_steps.h"
@@ -73,7 +74,7 @@ bool AcceptNetMove(NetNode& node, std::string_view payload) {
   std::vector<std::string_view> fields = SplitFields(payload);
   if (fields.size() != 3) return false;
   const std::optional<Move> move = MoveOfMessage(node.game, FieldNumber(fields[0]),
-                                                FieldNumber(fields[1]), FieldNumber(fields[2]));
+                                                 FieldNumber(fields[1]), FieldNumber(fields[2]));
   if (!move) return false;
   NetAcceptMove(node.game, node.outside, move->option);
   return true;
@@ -93,9 +94,19 @@ bool LoadSentGame(NetNode& node, std::string_view payload) {
                    "The game sent by the host cannot be read: " + ShowableText(*problem));
     return true;
   }
+  ComputerSeatsToHost(node.game);
   UpdatePlayerNames(node);
   NoteLoadEvent(node);
   return true;
+}
+
+// A move message whose pawn enters a keep with nothing to offer: it is lost.
+bool LosesPawn(const Game& game, std::string_view message) {
+  if (SplitMessage(message).verb != "GAMV") return false;
+  const TurnState& turn = game.turn;
+  return PawnOptionsOfMove(game.match.position, turn.moveFromX, turn.moveFromY, turn.moveToX,
+                           turn.moveToY)
+             .effects.pawn == PawnOutcome::Lost;
 }
 
 bool ApplyGameMessage(NetNode& node, std::string_view message) {
@@ -153,6 +164,7 @@ void ProcessGameQ(NetNode& node) {
       return;
     }
     SendToAllNodes(node, message, entry.from);
+    if (LosesPawn(node.game, message)) node.session.lostPawnMover = entry.from;
   }
   if (!ApplyGameMessage(node, message))
     ReportNetError(node, "ProcessGameQ", 1,

@@ -1,6 +1,7 @@
 #include "net/node_table.h"
 
 #include "net/chat.h"
+#include "net/seats.h"
 #include "net/sending.h"
 #include "net/text.h"
 
@@ -69,7 +70,8 @@ void SendNodeList(NetNode& node) {
   for (int i = 0; i <= session.nodeCount; ++i) {
     const std::size_t at = static_cast<std::size_t>(i);
     text += kFieldSeparator;
-    if (!session.nodeInUse[at]) {
+    // A connection that has not told its name is no player yet.
+    if (!session.nodeInUse[at] || (i > 0 && !session.peers[at].welcomed)) {
       text += kFreeNodeMark;
       continue;
     }
@@ -93,18 +95,20 @@ bool BreakDownNodeList(NetNode& node, std::string_view payload) {
   std::vector<NodeLine> lines;
   for (int i = 0; i <= count; ++i) {
     std::string_view field = fields[static_cast<std::size_t>(i) + 1];
-    if (field == std::string_view(&kFreeNodeMark, 1)) continue;
+    if (field == FromWireText(std::string_view(&kFreeNodeMark, 1))) continue;
     const std::size_t at = static_cast<std::size_t>(i);
     session.nodeNames[at] = CleanName(field);
     session.nodeInUse[at] = true;
     lines.push_back({NodeLineText(node.game, i, session.nodeNames[at]), i});
   }
   node.view.SetNodeList(lines, -1);
+  // The seat captions show the names: a player renamed shows anew.
+  UpdatePlayerNames(node);
   return true;
 }
 
 std::string CleanName(std::string_view name) {
-  return Trimmed(ShowableText(name.substr(0, kMaxNameBytes)));
+  return Trimmed(FirstCharacters(ShowableText(name), kMaxNameCharacters));
 }
 
 }  // namespace varkesh::net

@@ -142,6 +142,17 @@ std::string QtTransport::LocalAddress() const {
   return "127.0.0.1";
 }
 
+std::string QtTransport::PeerAddress(ConnectionId connection) const {
+  const auto link = links_.find(connection);
+  if (link == links_.end() || link->second.socket == nullptr) return {};
+  QHostAddress address = link->second.socket->peerAddress();
+  // A listener on every address sees IPv4 peers as mapped IPv6 ones.
+  bool mapped = false;
+  const quint32 v4 = address.toIPv4Address(&mapped);
+  if (mapped) address = QHostAddress(v4);
+  return address.toString().toStdString();
+}
+
 ConnectionId QtTransport::Adopt(QTcpSocket* socket, bool established) {
   if (established) SendAtOnce(socket);
   const ConnectionId connection = ++lastConnection_;

@@ -28,6 +28,7 @@ class QtTransport final : public QObject, public Transport {
   void Close(ConnectionId connection) override;
   std::size_t PendingBytes(ConnectionId connection) const override;
   std::string LocalAddress() const override;
+  std::string PeerAddress(ConnectionId connection) const override;
 
  private:
   struct Link {

@@ -29,23 +29,26 @@ std::string TeamList(const std::vector<int>& teams) {
 
 }  // namespace
 
-void RememberDroppedSeats(NetNode& node, const std::string& name, std::vector<int> teams) {
+void RememberDroppedSeats(NetNode& node, const std::string& name, const std::string& address,
+                          std::vector<int> teams) {
   NetSession& session = node.session;
   const double now = node.outside.Now();
   ForgetOld(session, now);
   if (teams.empty() || name.empty()) return;
   if (session.droppedSeats.size() >= kMaxRemembered)
     session.droppedSeats.erase(session.droppedSeats.begin());
-  session.droppedSeats.push_back({name, std::move(teams), now});
+  session.droppedSeats.push_back({name, address, std::move(teams), now});
 }
 
 void RestoreSeats(NetNode& node, int n) {
   NetSession& session = node.session;
   ForgetOld(session, node.outside.Now());
   const std::string& name = session.nodeNames[static_cast<std::size_t>(n)];
+  const std::string& address = session.peers[static_cast<std::size_t>(n)].address;
   // The latest drop under this name is the one the player comes back from.
-  const auto drop = std::find_if(session.droppedSeats.rbegin(), session.droppedSeats.rend(),
-                                 [&](const DroppedSeats& d) { return d.name == name; });
+  const auto drop =
+      std::find_if(session.droppedSeats.rbegin(), session.droppedSeats.rend(),
+                   [&](const DroppedSeats& d) { return d.name == name && d.address == address; });
   if (drop == session.droppedSeats.rend()) return;
   Game& game = node.game;
   std::vector<int> restored;

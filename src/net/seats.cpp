@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "flow/game.h"
 #include "core/labels.h"
+#include "flow/game.h"
 #include "net/chat.h"
 #include "net/extension.h"
 #include "net/node_table.h"
@@ -49,8 +49,8 @@ std::string ControlMessage(const Game& game) {
   std::string text = "GCNC}";
   for (int t = 0; t < kTeamCount; ++t) {
     if (t > 0) text += kFieldSeparator;
-    text += std::to_string(game.match.setup.playerKinds[static_cast<std::size_t>(t)]) + kFieldSeparator +
-            std::to_string(game.net.seatNode[static_cast<std::size_t>(t)]);
+    text += std::to_string(game.match.setup.playerKinds[static_cast<std::size_t>(t)]) +
+            kFieldSeparator + std::to_string(game.net.seatNode[static_cast<std::size_t>(t)]);
   }
   return text;
 }
@@ -69,6 +69,11 @@ bool BreakDownNodeControl(NetNode& node, std::string_view payload) {
   node.game.net.seatNode = seats;
   UpdatePlayerNames(node);
   return true;
+}
+
+void ComputerSeatsToHost(Game& game) {
+  for (std::size_t t = 0; t < kTeamCount; ++t)
+    if (game.match.setup.playerKinds[t] != kHuman) game.net.seatNode[t] = 0;
 }
 
 void UpdatePlayerNames(NetNode& node) {
@@ -94,7 +99,8 @@ PerTeam<std::string> SeatCaptions(const Game& game, const NetSession& session) {
 
 Rgb PlayerColor(const Game& game, int node) {
   for (std::size_t t = 0; t < kTeamCount; ++t)
-    if (game.net.seatNode[t] == node && game.match.setup.playerKinds[t] == kHuman) return kTeamColours[t];
+    if (game.net.seatNode[t] == node && game.match.setup.playerKinds[t] == kHuman)
+      return kTeamColours[t];
   return kWatcherColour;
 }
 
@@ -105,8 +111,8 @@ std::string SeatPlayerName(const Game& game, const NetSession& session, int team
 
 void AssignSeat(NetNode& node, int team, int toNode) {
   const int i = TeamIndex(team);
-  if (i < 0 || toNode < 0 || toNode > node.session.nodeCount ||
-      !node.session.nodeInUse[static_cast<std::size_t>(toNode)])
+  if (node.game.net.netRole != kNetHosting || i < 0 || toNode < 0 ||
+      toNode > node.session.nodeCount || !node.session.nodeInUse[static_cast<std::size_t>(toNode)])
     return;
   Game& game = node.game;
   game.match.setup.playerKinds[static_cast<std::size_t>(i)] = kHuman;
@@ -118,7 +124,9 @@ void GiveSeatToComputer(NetNode& node, int team, int personality) {
   static constexpr std::array<const char*, 4> kPersonalities = {"", "Aggressive", "Balanced",
                                                                 "Defensive"};
   const int i = TeamIndex(team);
-  if (i < 0 || personality < kAggressive || personality > kDefensive) return;
+  if (node.game.net.netRole != kNetHosting || i < 0 || personality < kAggressive ||
+      personality > kDefensive)
+    return;
   Game& game = node.game;
   game.match.setup.playerKinds[static_cast<std::size_t>(i)] = personality;
   game.net.seatNode[static_cast<std::size_t>(i)] = 0;
@@ -127,7 +135,8 @@ void GiveSeatToComputer(NetNode& node, int team, int personality) {
       std::string("the Computer (") + kPersonalities[static_cast<std::size_t>(personality)] + ")");
   // The computer takes over at once, dropping any selection.
   const bool selecting = game.turn.gameMode == ModeChoosePiece ||
-                         game.turn.gameMode == ModeChooseDestination || game.turn.gameMode == ModeConfirmMove;
+                         game.turn.gameMode == ModeChooseDestination ||
+                         game.turn.gameMode == ModeConfirmMove;
   if (team == game.match.position.currentTeam && selecting) {
     game.turn.gameMode = ModeComputerThinks;
     SendToAllNodes(node, "GUGS}8", 0);

@@ -21,7 +21,10 @@ inline constexpr int kMaxClients = 64;
 inline constexpr int kMaxNodeNumber = 1024;
 // A message that has not ended by then is no message of ours.
 inline constexpr std::size_t kMaxMessageBytes = 64 * 1024;
-inline constexpr std::size_t kMaxNameBytes = 64;
+// A name has at most this many characters, one byte each on the wire.
+inline constexpr std::size_t kMaxNameCharacters = 64;
+// A peer that has not named itself this long after its greeting is closed.
+inline constexpr double kNamelessSeconds = 15.0;
 // A peer that does not read is let go before its queue grows past this.
 inline constexpr std::size_t kMaxBacklogBytes = 4 * 1024 * 1024;
 // Game messages waiting at once; well-behaved peers never come near it.
@@ -31,8 +34,11 @@ inline constexpr std::size_t kMaxQueuedMessages = 4096;
 // for each node, on a client element 0 for the host.
 struct PeerGuard {
   bool extended = false;  // it announced the extension verbs
-  bool welcomed = false;  // host: its name came; a second one is ignored
+  bool welcomed = false;  // host: its name came; a second one renames it
   double lastHeard = 0.0;
+  // Host: where its connection comes from, and when it was accepted.
+  std::string address;
+  double acceptedAt = 0.0;
   bool overloaded = false;  // its backlog passed the limit: let go at the next chance
   // Host: the times of its recent chat lines, and whether it was told of the limit.
   std::deque<double> chatTimes;
@@ -51,6 +57,7 @@ struct QueuedMessage {
 // Host: seats that fell back to the host when their player's line dropped.
 struct DroppedSeats {
   std::string name;
+  std::string address;  // only a rejoin from here takes the seats back
   std::vector<int> teams;
   double at = 0.0;
 };
@@ -96,6 +103,10 @@ struct NetSession {
   std::deque<std::pair<int, int>> recentChecksums;
   PerTeam<int> kindsAtEvent{};
   PerTeam<int> seatsAtEvent{};
+  // Host: the node whose move under way lost its pawn in a keep, -1 for
+  // none. The protocol gives that loss no kind of its own, so peers without
+  // our verbs get the game once the move is done.
+  int lostPawnMover = -1;
   double lastKeepAlive = 0.0;
   double lastTick = 0.0;
   std::vector<DroppedSeats> droppedSeats;

@@ -10,6 +10,7 @@
 #include "net/rejoin.h"
 #include "net/seats.h"
 #include "net/sending.h"
+#include "net/text.h"
 
 namespace varkesh::net {
 
@@ -36,6 +37,7 @@ void NodeLeft(NetNode& node, int n) {
   NetSession& session = node.session;
   const std::size_t at = static_cast<std::size_t>(n);
   const std::string name = session.nodeNames[at];
+  const std::string address = session.peers[at].address;
   AddMessage(node, "");
   AddMessage(node, "     *** " + name + " has disconnected");
   AddMessage(node, "");
@@ -57,9 +59,22 @@ void NodeLeft(NetNode& node, int n) {
   }
   if (!fallen.empty()) {
     TellSeats(node, 0);
-    RememberDroppedSeats(node, name, std::move(fallen));
+    RememberDroppedSeats(node, name, address, std::move(fallen));
   }
   SendNodeList(node);
+}
+
+void CloseNameless(NetNode& node, int n) {
+  NetSession& session = node.session;
+  const std::size_t at = static_cast<std::size_t>(n);
+  if (n <= 0 || at >= session.nodeInUse.size()) return;
+  node.transport.Close(session.nodeConnections[at]);
+  session.nodeConnections[at] = 0;
+  session.nodeInUse[at] = false;
+  session.nodeNames[at].clear();
+  session.nodeBuffers[at].clear();
+  session.peers[at] = PeerGuard{};
+  std::erase_if(session.gameQueue, [n](const QueuedMessage& queued) { return queued.from == n; });
 }
 
 void LostConnection(NetNode& node) {
@@ -116,6 +131,8 @@ void SessionLink::OnAccepted(ConnectionId connection) {
   session.nodeBuffers[at].clear();
   session.peers[at] = PeerGuard{};
   session.peers[at].lastHeard = node.outside.Now();
+  session.peers[at].acceptedAt = node.outside.Now();
+  session.peers[at].address = node.transport.PeerAddress(connection);
   SendToNode(node, n, "GYNI}" + std::to_string(n));
 }
 
@@ -180,13 +197,15 @@ void TellOthers(NetNode& node, const std::string& message) {
 
 void SessionLink::TellSelection(const Game& game) {
   const TurnState& turn = game.turn;
-  TellOthers(node_, NumberMessage("GUPM", {turn.moveFromX, turn.moveFromY, turn.moveToX,
-                                           turn.moveToY}));
+  TellOthers(node_,
+             NumberMessage("GUPM", {turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY}));
   TellOthers(node_, NumberMessage("GUGS", {turn.gameMode}));
 }
 
-void SessionLink::TellMove(const Game&, const MoveEffects& effects) {
+void SessionLink::TellMove(const Game& game, const MoveEffects& effects) {
   TellOthers(node_, MoveMessage(effects));
+  if (game.net.netRole == kNetHosting && effects.pawn == PawnOutcome::Lost)
+    node_.session.lostPawnMover = game.net.myNodeId;
 }
 
 void SessionLink::TellResignation(const Game&, int concedeTeam) {
@@ -195,16 +214,30 @@ void SessionLink::TellResignation(const Game&, int concedeTeam) {
 
 void SessionLink::TellGameStarted(Game& game, bool loaded) {
   if (game.net.netRole != kNetHosting) return;
+  // Every machine gives the computer's seats to the host on taking a game,
+  // so that the checksums of the event agree.
+  ComputerSeatsToHost(game);
   SendNotice(node_, "*** " + game.net.localPlayerName + " (host) has " +
                         (loaded ? "loaded a game: '" : "started a new game: '") +
                         GameDescription(game.match.position, game.match.setup));
   // A game for everyone is an event of its own.
   AnnounceSentGame(node_);
   SendToAllNodes(node_, "GLGF}" + GameImage(game), 0);
+  UpdatePlayerNames(node_);
 }
 
-void SessionLink::OnGameEvent(const Game&) {
+void SessionLink::OnGameEvent(const Game& game) {
   NoteGameEvent(node_);
+  NetSession& session = node_.session;
+  if (session.lostPawnMover < 0) return;
+  const int mover = session.lostPawnMover;
+  session.lostPawnMover = -1;
+  if (game.net.netRole != kNetHosting) return;
+  const std::string image = "GLGF}" + GameImage(game);
+  for (int n = 1; n <= session.nodeCount; ++n)
+    if (n != mover && session.nodeInUse[static_cast<std::size_t>(n)] &&
+        !SpeaksExtension(session, n))
+      SendToNode(node_, n, image);
 }
 
 void SendToNode(NetNode& node, int clientNum, const std::string& chunk) {
@@ -222,7 +255,7 @@ void SendToNode(NetNode& node, int clientNum, const std::string& chunk) {
     node.session.peers[at].overloaded = true;
     return;
   }
-  std::string framed = chunk;
+  std::string framed = ToWireText(chunk);
   framed += kMessageEnd;
   node.transport.Send(connection, framed);
 }
@@ -247,6 +280,16 @@ bool OpenAsHost(NetNode& node) {
   std::string error;
   if (!node.transport.Listen(session.netPort, error)) {
     ReportNetError(node, "Form.Load", 10048, error);
+    // Nobody can join: no chat, no seats to hand out, and the player is told
+    // why and what to do.
+    node.view.SetChatEnabled(false);
+    node.view.SetHostControlsEnabled(false);
+    AddMessage(node, "*** Cannot host on port " + std::to_string(session.netPort) + ": " +
+                         ShowableText(error));
+    AddMessage(node,
+               "*** Close this window and host again with another port, or once the port is "
+               "free.");
+    AddMessage(node, "");
     game.net.netRole = kNetNone;
     node.outside.SetMenuEnabled(Menu::NetPlay, true);
     return false;

@@ -38,6 +38,15 @@ std::size_t SequenceLength(std::string_view bytes, std::size_t i) {
   return length;
 }
 
+unsigned CodePoint(std::string_view sequence) {
+  const unsigned char lead = static_cast<unsigned char>(sequence[0]);
+  if (sequence.size() == 1) return lead;
+  unsigned value = lead & (0xFFu >> (sequence.size() + 1));
+  for (std::size_t k = 1; k < sequence.size(); ++k)
+    value = (value << 6) | (static_cast<unsigned char>(sequence[k]) & 0x3Fu);
+  return value;
+}
+
 bool IsShownControl(unsigned char c) {
   return c == '\t' || c == '\r' || c == '\n';
 }
@@ -59,6 +68,46 @@ std::string ShowableText(std::string_view bytes) {
     i += length;
   }
   return shown;
+}
+
+std::string ToWireText(std::string_view text) {
+  std::string wire;
+  wire.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t length = SequenceLength(text, i);
+    if (length == 0) {
+      wire += text[i++];
+      continue;
+    }
+    const unsigned code = CodePoint(text.substr(i, length));
+    wire += code <= 0xFFu ? static_cast<char>(code) : '?';
+    i += length;
+  }
+  return wire;
+}
+
+std::string FromWireText(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const char byte : bytes) {
+    const unsigned char c = static_cast<unsigned char>(byte);
+    if (c < 0x80) {
+      text += byte;
+    } else {
+      text += static_cast<char>(0xC0u | (c >> 6));
+      text += static_cast<char>(0x80u | (c & 0x3Fu));
+    }
+  }
+  return text;
+}
+
+std::string FirstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (std::size_t taken = 0; taken < count && end < text.size(); ++taken) {
+    const std::size_t length = SequenceLength(text, end);
+    end += length == 0 ? 1 : length;
+  }
+  return std::string(text.substr(0, end));
 }
 
 }  // namespace varkesh::net

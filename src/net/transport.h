@@ -53,6 +53,9 @@ class Transport {
   // An address of this machine that others can reach: the first IPv4
   // address that is not loopback, else "127.0.0.1".
   virtual std::string LocalAddress() const = 0;
+  // The address the other end of a connection reaches us from; empty for a
+  // connection this transport does not know.
+  virtual std::string PeerAddress(ConnectionId connection) const = 0;
 
  protected:
   TransportEvents* events() const { return events_; }

@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "flow/game.h"
+#include "net/session.h"
 #include "net/wire.h"
 
 namespace varkesh {
@@ -62,6 +63,8 @@ ConnectDialog::ConnectDialog(Game& game, QWidget* owner) : QDialog(owner), game_
   addressLabel->setVisible(!Hosting());
   address_->setVisible(!Hosting());
   name_->setMinimumWidth(180);
+  // Longer names are cut where they reach the session anyway.
+  name_->setMaxLength(static_cast<int>(net::kMaxNameCharacters));
 
   connect_ = new QPushButton("&Connect");
   connect_->setObjectName("cmdConnect");

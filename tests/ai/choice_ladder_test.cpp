@@ -9,14 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "ai/computer.h"
 #include "ai_fixture.h"
 #include "persist/temp_folder.h"
 
 namespace varkesh {
 namespace {
 
-using test::Move;
+using test::Scored;
 
 // White: a moat pawn off the defensive squares and one on them, a Knight at
 // home and one out, a Rook, and two pawns in Black's moat.
@@ -25,11 +24,11 @@ const std::vector<test::Placed> kWhitesPieces = {{5, 13, kWhite, kPawn},   {6, 1
                                                  {8, 8, kWhite, kRook},    {7, 3, kWhite, kPawn},
                                                  {9, 3, kWhite, kPawn}};
 
-const MoveRec kAhead = Move(8, 8, 9, 8);  // the Rook towards Red's keep
-const MoveRec kSidePawn = Move(5, 13, 5, 12);
-const MoveRec kMiddlePawn = Move(6, 13, 6, 12);
-const MoveRec kKnightOut = Move(7, 14, 6, 12);
-const MoveRec kKnightMoves = Move(7, 12, 6, 10);
+const MoveRec kAhead = Scored(8, 8, 9, 8);  // the Rook towards Red's keep
+const MoveRec kSidePawn = Scored(5, 13, 5, 12);
+const MoveRec kMiddlePawn = Scored(6, 13, 6, 12);
+const MoveRec kKnightOut = Scored(7, 14, 6, 12);
+const MoveRec kKnightMoves = Scored(7, 12, 6, 10);
 
 MoveRec Full(MoveRec move, int threat) {
   move.threatScore = threat;
@@ -39,7 +38,7 @@ const MoveRec kBetter = Full(kAhead, 20);  // scored above the moves a tier look
 
 // The Rook's step back, with the given scores.
 MoveRec Back(int capture = 0, int threat = 0, int danger = 0) {
-  return Move(8, 8, 8, 9, capture, threat, danger);
+  return Scored(8, 8, 8, 9, capture, threat, danger);
 }
 
 constexpr int kOpening = 60, kMiddle = 40, kEndgame = 20;
@@ -64,7 +63,7 @@ const LadderCase kLadderCases[] = {
   {"full -70 off", kMiddle, kBalanced, 2, BestOfTheWorst, {Back(0, 30, 100), Back(0, 0, 90)}},
   {"full -69 on", kMiddle, kBalanced, 2, BestOfWhatsLeft, {Back(0, 30, 100), Back(0, 31, 100)}},
   {"first raid, not best", kEndgame, kAggressive, 2, PawnIntoKeep,
-   {Full(kAhead, 90), Move(7, 3, 7, 2), Full(Move(9, 3, 9, 2), 50)}},
+   {Full(kAhead, 90), Scored(7, 3, 7, 2), Full(Scored(9, 3, 9, 2), 50)}},
   {"51 pieces: opening", 51, kBalanced, 2, StartingPawn, {kBetter, kMiddlePawn}},
   {"50 pieces: middle", 50, kBalanced, 1, BestOfWhatsLeft, {kBetter, kMiddlePawn}},
   {"30 pieces: middle", 30, kBalanced, 2, BestOfWhatsLeft, {Back(), Full(kMiddlePawn, 20)}},
@@ -81,43 +80,48 @@ const LadderCase kLadderCases[] = {
 // clang-format on
 
 // The best scores as the scoring phase leaves them, then the ladder.
-AiChoice Climb(Game& game, const std::vector<MoveRec>& moves, int pieceCount, int personality) {
-  game.moveList.Clear();
+AiChoice Climb(const Position& position, AiMoveList& list, Random& random,
+               const std::vector<MoveRec>& moves, int pieceCount, int personality) {
+  list.Clear();
   ScoreSummary best{.pieceCount = pieceCount};
   for (const MoveRec& move : moves) {
-    game.moveList.Add(move);
-    const int i = game.moveList.Count();
+    list.Add(move);
+    const int i = list.Count();
     if (ImmediateScore(move) > best.bestImmediate)
       std::tie(best.bestImmediate, best.bestImmediateMove) = std::pair{ImmediateScore(move), i};
     if (FullScore(move) > best.bestFull)
       std::tie(best.bestFull, best.bestFullMove) = std::pair{FullScore(move), i};
   }
-  return ClimbLadder(game, best, personality, AiLog{});
+  return ClimbLadder(position, list, random, best, personality, AiLog{});
 }
 
 TEST(ChoiceLadder, ThresholdsStagesAndOpenings) {
+  const Position white = test::EmptyPosition(kAnarchy, kWhitesPieces);
+  AiMoveList list;
+  Random random = Random::Zero();
   for (const LadderCase& c : kLadderCases) {
-    Game game = test::EmptyGame(kAnarchy, kWhitesPieces);
-    const AiChoice choice = Climb(game, c.moves, c.pieceCount, c.personality);
+    const AiChoice choice = Climb(white, list, random, c.moves, c.pieceCount, c.personality);
     EXPECT_EQ(choice.index, c.index) << c.name;
     EXPECT_EQ(TierName(choice.tier), std::string(TierName(c.tier))) << c.name;
   }
-  Game blue = test::EmptyGame(kAnarchy, kWhitesPieces);
+  Position blue = white;
   blue.currentTeam = kBlue;  // a home of White's Knights is none of Blue's
-  EXPECT_EQ(Climb(blue, {kAhead, kKnightOut}, kOpening, kBalanced).tier, RandomMove);
+  EXPECT_EQ(Climb(blue, list, random, {kAhead, kKnightOut}, kOpening, kBalanced).tier, RandomMove);
 }
 
 TEST(ChoiceLadder, RandomMoveReachesEveryEntryAndTiesDraw) {
-  Game game = test::EmptyGame(kAnarchy, kWhitesPieces);
-  game.random = Random(7);
+  const Position white = test::EmptyPosition(kAnarchy, kWhitesPieces);
+  AiMoveList list;
+  Random random(7);
   std::vector<int> seen(4, 0);
   for (int round = 0; round < 60; ++round)
-    ++seen[Climb(game, {kAhead, Back(), Move(8, 8, 7, 8)}, kOpening, kAggressive).index];
+    ++seen[Climb(white, list, random, {kAhead, Back(), Scored(8, 8, 7, 8)}, kOpening, kAggressive)
+               .index];
   EXPECT_TRUE(seen[1] > 0 && seen[2] > 0 && seen[3] > 0) << seen[1] << seen[2] << seen[3];
 
-  game.random = Random(2);  // its first draw is above one half: a tie-break's 1
-  EXPECT_EQ(Climb(game, {kAhead, Back()}, kMiddle, kBalanced).index, 2);
-  EXPECT_EQ(game.moveList[2].threatScore, 1);
+  random = Random(2);  // its first draw is above one half: a tie-break's 1
+  EXPECT_EQ(Climb(white, list, random, {kAhead, Back()}, kMiddle, kBalanced).index, 2);
+  EXPECT_EQ(list[2].threatScore, 1);
 }
 
 // The stamped lines of ai.log without their stamps, less the frame's own.
@@ -136,8 +140,13 @@ class AiLogFile : public ::testing::Test {
     outside_.engine.appPath = folder_.Slashed();
     outside_.engine.logLevel = 3;
   }
+  AiChoice Choose(const Position& position, const varkesh::Setup& setup) {
+    Random random = Random::Zero();
+    return ChooseAImove(position, setup, moves_, random, outside_);
+  }
   testing::TempFolder folder_;
-  ScriptedOutside outside_;
+  test::NotingAiOutside outside_;
+  AiMoveList moves_;
 };
 
 // White's moat pawn can step into the reach of Black's Rook or take Black's
@@ -148,9 +157,8 @@ TEST_F(AiLogFile, OneTurnLineByLine) {
                                             {5, 11, kBlack, kRook}, {10, 10, kBlue, kRook},
                                             {11, 9, kBlack, kPawn}, {8, 1, kBlack, kQueen},
                                             {8, 6, kBlue, kRook}};
-  Game game = test::EmptyGame(kAlliedNeighbors, pieces);
-  game.match.setup.playerKinds = {kAggressive, kHuman, kHuman, kHuman};
-  EXPECT_EQ(ChooseAImove(game, outside_).index, 2);
+  const Position position = test::EmptyPosition(kAlliedNeighbors, pieces);
+  EXPECT_EQ(Choose(position, {"", {kAggressive, kHuman, kHuman, kHuman}}).index, 2);
   const std::string weak = "          Give Weak Threat at 8, 1: 83 (Black Queen)";
   const std::string byQueen = "               *** Threat from Black Queen at 8,1";
   const std::string byPawn = "               *** Threat from Black Pawn at 11,9";
@@ -182,16 +190,17 @@ TEST_F(AiLogFile, OneTurnLineByLine) {
 
 TEST_F(AiLogFile, FromLevelThreeATurnAtATime) {
   outside_.engine.logLevel = 2;
-  Game game = test::EmptyGame(kAlliedNeighbors);
-  game.match.setup.playerKinds = {kDefensive, kHuman, kHuman, kHuman};
-  LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
-  ChooseAImove(game, outside_);
+  Position position = test::EmptyPosition(kAlliedNeighbors);
+  position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
+  position.Refresh();
+  const varkesh::Setup setup{"", {kDefensive, kHuman, kHuman, kHuman}};
+  Choose(position, setup);
   EXPECT_FALSE(std::filesystem::exists(folder_.File("ai.log")));
 
   outside_.engine.logLevel = 3;
-  ChooseAImove(game, outside_);
-  game.match.position.currentTeam = kBlue;
-  EXPECT_EQ(ChooseAImove(game, outside_).index, 0);
+  Choose(position, setup);
+  position.currentTeam = kBlue;
+  EXPECT_EQ(Choose(position, setup).index, 0);
   const std::vector<std::string> lines = LogLines(folder_);
   ASSERT_GE(lines.size(), 4u);
   EXPECT_EQ(lines.front(), "1st Round, White Player (Defensive)");

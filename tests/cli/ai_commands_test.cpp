@@ -1,60 +1,41 @@
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <regex>
 #include <string>
 #include <tuple>
 
-#include "core/new_game_data.h"
-#include "persist/game_text.h"
-#include "persist/temp_folder.h"
+#include "cli/cli_fixture.h"
 
-namespace varkesh {
+namespace varkesh::testing {
 namespace {
 
-struct CliRun {
-  int code = -1;
-  std::string out, err;
-};
-
-class AiCommands : public ::testing::Test {
+class AiCommands : public CliTest {
  protected:
-  CliRun Run(const std::string& arguments) const {
-    const std::string command = std::string("'") + VARKESH_CLI + "' " + arguments + " >'" +
-                                folder_.File("out.txt") + "' 2>'" + folder_.File("err.txt") + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
-            testing::FileText(folder_.File("out.txt")), testing::FileText(folder_.File("err.txt"))};
-  }
-
   // The start position, with White's pieces frozen when asked.
   std::string Write(const std::string& name, PerTeam<int> players, bool frozen = false) const {
-    Game game;
-    game.match.setup.playerKinds = players;
-    LoadNewGameDataFile(game, VARKESH_PACK_DIR "/newgamedata.txt");
+    Game game = StartGame(players);
     for (Square& square : game.match.position.board.squares)
-      if (frozen && square.team == kWhite) square.piece = -square.piece;
-    testing::PutFile(folder_.File(name), GameImage(game));
-    return "'" + folder_.File(name) + "' ";
+      if (frozen && square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
+    Put(name, game);
+    return name + " ";
   }
 
-  testing::TempFolder folder_;
   const std::string start_ = Write("start.txt", {kAggressive, kBalanced, kDefensive, kAggressive});
 };
 
 TEST_F(AiCommands, ScoresAimoveAndApplyComputer) {
-  const std::string scores = Run("scores " + start_).out;
-  EXPECT_TRUE(std::regex_match(scores, std::regex("1 5 13 5 12 0 0 0 0\n(\\d+( -?\\d+){8}\n)+")));
+  const std::string scores = Cli("scores " + start_).out;
+  EXPECT_TRUE(std::regex_match(scores, std::regex("1 5 13 5 12 0 0 0 0\n(\\d+( -?\\d+){8}\n)+")))
+      << scores;
   EXPECT_NE(scores.find("\n9 9 13 9 12 0 6 0 0\n"), std::string::npos);  // opens a Bishop's line
-  EXPECT_EQ(Run("aimove " + start_).out, "9 starting pawn\n");
-  EXPECT_EQ(Run("aimove " + start_ + "--personality 3").out, "11 starting pawn\n");
-  EXPECT_EQ(Run("aimove " + Write("frozen.txt", {kBalanced, 0, 0, 0}, true)).out, "0 none\n");
+  EXPECT_EQ(Cli("aimove " + start_).out, "9 starting pawn\n");
+  EXPECT_EQ(Cli("aimove " + start_ + "--personality 3").out, "11 starting pawn\n");
+  EXPECT_EQ(Cli("aimove " + Write("frozen.txt", {kBalanced, 0, 0, 0}, true)).out, "0 none\n");
 
   Game after;
-  ASSERT_FALSE(ReadGameText(Run("apply --computer " + start_ + "8 15 8 16").out, after));
-  EXPECT_EQ(after.board.at(8, 16).piece, kKing);  // the castle move
-  EXPECT_EQ(after.currentTeam, kBlue);
+  const CliRun castle = Cli("apply --computer " + start_ + "8 15 8 16");
+  ASSERT_EQ(castle.code, 0) << castle.err;
+  ASSERT_EQ(ReadGameText(castle.out, after.match.position, after.match.setup), std::nullopt);
+  EXPECT_EQ(after.match.position.board.at(8, 16).piece, kKing);  // the castle move
+  EXPECT_EQ(after.match.position.currentTeam, kBlue);
 }
 
 TEST_F(AiCommands, SelfplayLines) {
@@ -62,7 +43,7 @@ TEST_F(AiCommands, SelfplayLines) {
       " type 3 rule 2 players 3,3,1,2 unfinished winner none cowinner none rounds 3 moves 12 "
       "seconds [0-9.]+\n";
   const std::string run =
-      Run("selfplay --games 2 --seed 5 --max-rounds 3 --type 3 --rule 2 --players 3,3,1,2").out;
+      Cli("selfplay --games 2 --seed 5 --max-rounds 3 --type 3 --rule 2 --players 3,3,1,2").out;
   EXPECT_TRUE(std::regex_match(
       run, std::regex("game 1 seed 5" + rest + "game 2 seed 6" + rest +
                       "summary games 2 won 0 unfinished 2 average-rounds 3.0 games-per-second "
@@ -77,7 +58,7 @@ TEST_F(AiCommands, ExitCodes) {
   for (const auto& [arguments, code, usage] : {
            std::tuple{"scores " + human, 2, "scores FILE [--personality P]"},
            {"aimove " + human + "--personality 4", 2, "aimove FILE [--personality P]"},
-           {"aimove '" + folder_.File("missing.txt") + "'", 1, ""},
+           {"aimove missing.txt", 1, ""},
            {"apply --computer " + start_ + "8 15 8 14", 1, ""},  // onto its own Queen
            {"apply --computer " + start_ + "8 3 8 4", 1, ""},    // Black's pawn
            {"apply --computer " + start_ + "8 15", 2, "apply --computer FILE FX FY TX TY"},
@@ -85,12 +66,13 @@ TEST_F(AiCommands, ExitCodes) {
            {"selfplay --games 0", 2, "selfplay"},
            {"selfplay extra", 2, "selfplay"},
        }) {
-    const CliRun run = Run(arguments);
+    const CliRun run = Cli(arguments);
     EXPECT_EQ(run.code, code) << arguments << ": " << run.err;
     EXPECT_EQ(run.err.starts_with(std::string("usage: varkesh-cli ") + usage), code == 2)
         << arguments;
+    EXPECT_EQ(run.out, "") << arguments;
   }
 }
 
 }  // namespace
-}  // namespace varkesh
+}  // namespace varkesh::testing

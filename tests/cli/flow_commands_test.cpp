@@ -1,66 +1,68 @@
 // varkesh-cli new, apply, resign, decode and encode, run as a player runs
 // them: what each prints, and its exit code.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdlib>
+#include <array>
 #include <filesystem>
 
+#include "cli/cli_fixture.h"
 #include "core/dungeon.h"
-#include "core/new_game_data.h"
 #include "persist/file_coder.h"
-#include "persist/game_text.h"
-#include "persist/sample_game.h"
-#include "persist/temp_folder.h"
 
-namespace varkesh {
+namespace varkesh::testing {
 namespace {
-
-using testing::FileText;
-using testing::PutFile;
 
 constexpr const char* kNewUsage =
     "usage: varkesh-cli new [--type T] [--rule R] [--players a,b,c,d] [--name NAME]\n";
 constexpr const char* kApplyUsage = "usage: varkesh-cli apply FILE FX FY TX TY [--option K]\n";
 constexpr const char* kResignUsage = "usage: varkesh-cli resign FILE [--to TEAM] [--no]\n";
 
-class CliCommandsTest : public ::testing::Test {
+class CliCommandsTest : public CliTest {
  protected:
-  struct Run {
-    int code = -1;
-    std::string out, err;
-  };
-
-  // Runs in the test's folder, so that files are named as a player names them.
-  Run Cli(const std::string& arguments) const {
-    std::string command = "cd '" + folder_.Slashed() + "' && '" + VARKESH_CLI + "' " + arguments +
-                          " >out.txt 2>err.txt";
-    int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(Path("out.txt")),
-            FileText(Path("err.txt"))};
-  }
-  std::string Path(const std::string& name) const { return folder_.File(name); }
-
   Game Played(const std::string& arguments) const {
-    Run run = Cli(arguments);
+    const CliRun run = Cli(arguments);
     EXPECT_EQ(run.code, 0) << arguments << ": " << run.err;
     Game game;
-    EXPECT_EQ(ReadGameText(run.out, game), std::nullopt) << arguments;
+    EXPECT_EQ(ReadGameText(run.out, game.match.position, game.match.setup), std::nullopt)
+        << arguments;
     return game;
   }
   void Keep(const std::string& name, const std::string& arguments) const {
-    Run run = Cli(arguments);
+    const CliRun run = Cli(arguments);
     ASSERT_EQ(run.code, 0) << run.err;
     PutFile(Path(name), run.out);
   }
-
-  testing::TempFolder folder_;
 };
 
+// A game in the middle of play with all a saved game carries: prisoners, a
+// fallen and frozen kingdom, history and every kind of seat.
+Game MidGame() {
+  Game game = StartGame({kHuman, kAggressive, kHuman, kDefensive});
+  game.match.setup.gameName = "Friday";
+  Position& position = game.match.position;
+  position.gameType = kAnarchy;
+  position.kingCaptureRule = kKingdomFrozen;
+  position.roundNumber = 7;
+  position.currentTeam = kBlack;
+  position.castleRight = {false, true, true, false};
+  position.kingdomFallen = {true, false, false, false};
+  for (Square& square : position.board.squares) {
+    if (square.team == kWhite && square.piece == kKing) square.team = square.piece = kNoPiece;
+    if (square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
+    if (square.realm == kWhite) square.realm = kNoTeam;
+  }
+  AddPieceToDungeon(position, kBlack, kWhite, kKing);
+  AddPieceToDungeon(position, kBlack, kBlue, kQueen);
+  AddPieceToDungeon(position, kRed, kBlack, kRook);
+  position.history[0] = {8, 3, 8, 5, kBlack, true};
+  position.history[1] = {3, 8, 5, 8, kBlue, false};
+  position.Refresh();
+  return game;
+}
+
 int Pieces(const Game& game, int team) {
-  return static_cast<int>(std::count_if(game.match.position.board.squares.begin(), game.match.position.board.squares.end(),
-                                        [&](const Square& square) { return square.team == team; }));
+  const auto& squares = game.match.position.board.squares;
+  return static_cast<int>(std::count_if(squares.begin(), squares.end(),
+                                        [&](const Square& s) { return s.team == team; }));
 }
 
 TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHoldsTheSeat) {
@@ -75,7 +77,7 @@ TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHold
   EXPECT_EQ(game.match.position.kingCaptureRule, kKingdomLost);
   EXPECT_EQ(game.match.setup.playerKinds, (PerTeam<int>{1, 0, 2, 3}));
 
-  PutFile(Path("duel.txt"), GameImage(game));
+  Put("duel.txt", game);
   game = Played("apply duel.txt 8 13 8 11");
   EXPECT_EQ(game.match.position.board.at(8, 11).piece, kPawn);
   EXPECT_EQ(game.match.position.history[0], (HistoryMove{8, 13, 8, 11, kWhite, false}));
@@ -85,20 +87,16 @@ TEST_F(CliCommandsTest, NewStartsTheChosenGameAndApplyPlaysAHumanMoveWhoeverHold
 TEST_F(CliCommandsTest, ApplyPicksThePawnsOption) {
   // A White Pawn about to enter Black's keep, where a Black Rook stands and
   // Black holds a White Knight: the options are the Rook and the Knight.
-  Game raid;
-  LayOutTerrain(raid.board);
-  raid.gameType = kAnarchy;
-  for (auto [x, y, team, piece] : {std::array{9, 3, kWhite, kPawn}, {7, 1, kBlack, kRook}}) {
-    raid.board.at(x, y).team = team;
-    raid.board.at(x, y).piece = piece;
-  }
-  AddPieceToDungeon(raid, kBlack, kWhite, kKnight);
-  PutFile(Path("raid.txt"), WriteGameText(raid));
-  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 1").board.at(9, 2).piece, kKnight);
-  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 0").board.at(7, 1).piece, kNoPiece);
-  EXPECT_EQ(Played("apply raid.txt 9 3 9 2").board.at(9, 2).piece, kPawn)
+  Game raid = Placed(kAnarchy, "WP 9,3 KR 7,1");
+  AddPieceToDungeon(raid.match.position, kBlack, kWhite, kKnight);
+  Put("raid.txt", raid);
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 1").match.position.board.at(9, 2).piece,
+            kKnight);
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2 --option 0").match.position.board.at(7, 1).piece,
+            kNoPiece);
+  EXPECT_EQ(Played("apply raid.txt 9 3 9 2").match.position.board.at(9, 2).piece, kPawn)
       << "without --option the dialog is closed";
-  Run none = Cli("apply raid.txt 9 3 9 2 --option 2");
+  const CliRun none = Cli("apply raid.txt 9 3 9 2 --option 2");
   EXPECT_EQ(none.code, 1);
   EXPECT_EQ(none.err, "varkesh-cli: the pawn has no option 2\n");
 }
@@ -113,13 +111,14 @@ TEST_F(CliCommandsTest, ResignConcedesToTheChosenTeamOrAsksFirst) {
 }
 
 TEST_F(CliCommandsTest, EncodeThenDecodeGivesTheExactLayoutBack) {
-  std::string text = WriteGameText(testing::SampleGame());
+  const Game game = MidGame();
+  const std::string text = WriteGameText(game.match.position, game.match.setup);
   std::string loose;  // line feeds alone are read, and stored as CR LF
   for (char c : text)
     if (c != '\r') loose += c;
   PutFile(Path("loose.txt"), loose);
   EXPECT_EQ(Cli("encode loose.txt game.vsh").code, 0);
-  Run decode = Cli("decode game.vsh");
+  const CliRun decode = Cli("decode game.vsh");
   EXPECT_EQ(decode.code, 0);
   EXPECT_EQ(decode.out, text);
 }
@@ -152,7 +151,7 @@ TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
       {"encode game.txt", 2, "usage: varkesh-cli encode FILE OUT.vsh\n"},
   };
   for (const auto& refusal : refusals) {
-    Run run = Cli(refusal.arguments);
+    const CliRun run = Cli(refusal.arguments);
     EXPECT_EQ(run.code, refusal.code) << refusal.arguments;
     EXPECT_EQ(run.err, refusal.err) << refusal.arguments;
     EXPECT_EQ(run.out, "") << refusal.arguments;
@@ -161,17 +160,17 @@ TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
 }
 
 TEST_F(CliCommandsTest, HelpListsEveryCommandWithItsUsageAndVersionNamesTheTool) {
-  Run help = Cli("--help");
+  const CliRun help = Cli("--help");
   EXPECT_EQ(help.code, 0);
   for (const std::string usage : {kNewUsage, kApplyUsage, kResignUsage}) {
     const std::string line = usage.substr(std::string("usage: varkesh-cli ").size());
     EXPECT_NE(help.out.find("  " + line.substr(0, line.size() - 1)), std::string::npos) << line;
   }
-  Run version = Cli("--version");
+  const CliRun version = Cli("--version");
   EXPECT_EQ(version.code, 0);
   EXPECT_EQ(version.out.rfind("varkesh-cli ", 0), 0u) << version.out;
   EXPECT_EQ(Cli("").code, 2) << "no command: the usage, as a refusal";
 }
 
 }  // namespace
-}  // namespace varkesh
+}  // namespace varkesh::testing

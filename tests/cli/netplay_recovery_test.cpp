@@ -77,7 +77,8 @@ class NetPlayRecoveryTest : public NetPlayProcessTest {
 };
 
 TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndTheSenderResynced) {
-  StartGame("Authority");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Authority"));
+  host_->ExpectErrors();  // the rogue's moves are logged as refused
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   RawPeer rogue(port_);
@@ -142,8 +143,9 @@ TEST_F(NetPlayRecoveryTest, MovesWithoutTheSeatOrAgainstTheRulesAreRefusedAndThe
 }
 
 TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
-  StartGame("Drift");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Drift"));
   mismatchExpected_ = true;
+  host_->ExpectErrors();
   // A peer of the extension that reports a checksum the host's game does not have.
   RawPeer liar(port_);
   ASSERT_EQ(liar.Join("Liar", true), 1);
@@ -188,7 +190,7 @@ TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
 }
 
 TEST_F(NetPlayRecoveryTest, APlayerKilledAndBackUnderTheSameNameGetsTheSeatsStillFree) {
-  StartGame("Comeback");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Comeback"));
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   auto bob = Join("Bob");
@@ -233,7 +235,7 @@ TEST_F(NetPlayRecoveryTest, APlayerKilledAndBackUnderTheSameNameGetsTheSeatsStil
 }
 
 TEST_F(NetPlayRecoveryTest, AFrozenClientIsLetGoWithinThirtySecondsWhileTheOthersPlayOn) {
-  StartGame("Frozen");
+  ASSERT_NO_FATAL_FAILURE(StartGame("Frozen"));
   auto alice = Join("Alice");
   ASSERT_TRUE(alice);
   auto bob = Join("Bob");
@@ -248,6 +250,7 @@ TEST_F(NetPlayRecoveryTest, AFrozenClientIsLetGoWithinThirtySecondsWhileTheOther
       << carol->Recent();
   ASSERT_TRUE(PlayTurn(*alice, *host_)) << alice->Recent();
 
+  host_->ExpectErrors();  // the silence is logged
   carol->Kill(SIGSTOP);
   const auto frozen = Clock::now();
   ASSERT_TRUE(PlayTurn(*bob, *host_)) << bob->Recent();

@@ -20,11 +20,15 @@ Clock::time_point After(double seconds) {
          std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
 }
 
+// Polls until the test holds, the time runs out or one of the nodes is
+// broken.
 template <class Test>
-bool PollUntil(double seconds, Test test) {
+bool PollUntil(double seconds, std::initializer_list<const NodeProcess*> nodes, Test test) {
   const auto deadline = After(seconds);
   while (Clock::now() < deadline) {
     if (test()) return true;
+    for (const NodeProcess* node : nodes)
+      if (node->Broken()) return false;
     std::this_thread::sleep_for(kPollPause);
   }
   return false;
@@ -59,14 +63,14 @@ int TurnKey(const Game& game) {
 }
 
 bool ReachesTurn(NodeProcess& node, int key, double seconds) {
-  return PollUntil(seconds, [&] {
+  return PollUntil(seconds, {&node}, [&] {
     auto game = node.ShownGame();
     return game && TurnKey(*game) == key;
   });
 }
 
 bool LeavesTurn(NodeProcess& node, int key, double seconds) {
-  return PollUntil(seconds, [&] {
+  return PollUntil(seconds, {&node}, [&] {
     auto game = node.ShownGame();
     return game && TurnKey(*game) != key;
   });
@@ -74,7 +78,7 @@ bool LeavesTurn(NodeProcess& node, int key, double seconds) {
 
 std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds) {
   std::string difference = "no show";
-  const bool same = PollUntil(seconds, [&] {
+  const bool same = PollUntil(seconds, {&a, &b}, [&] {
     auto shownA = a.Show();
     auto shownB = b.Show();
     if (!shownA || !shownB) return false;
@@ -92,14 +96,14 @@ std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds) {
 
 bool NodeCountBecomes(NodeProcess& node, int count, double seconds) {
   const std::string wanted = "nodes " + std::to_string(count);
-  return PollUntil(seconds, [&] {
+  return PollUntil(seconds, {&node}, [&] {
     node.Send("nodes");
     return node.WaitFor("nodes ") == wanted;
   });
 }
 
 bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats, double seconds) {
-  return PollUntil(seconds, [&] { return node.Seats() == seats; });
+  return PollUntil(seconds, {&node}, [&] { return node.Seats() == seats; });
 }
 
 bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command) {

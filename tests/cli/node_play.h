@@ -1,6 +1,6 @@
 // Playing a NetPlay session of varkesh-cli nodes from a test or a soak: the
 // moves the rules list, turns awaited, games compared. Every wait polls the
-// nodes' "show" and is bounded.
+// nodes' "show", is bounded, and ends early once a node it polls is broken.
 #pragma once
 
 #include <memory>
@@ -28,14 +28,15 @@ std::optional<PlannedMove> FirstIllegalMove(const Game& shown);
 // Round and team on turn, as one number.
 int TurnKey(const Game& game);
 
-bool ReachesTurn(NodeProcess& node, int key, double seconds = 10.0);
-bool LeavesTurn(NodeProcess& node, int key, double seconds = 10.0);
+bool ReachesTurn(NodeProcess& node, int key, double seconds = kNodeWaitSeconds);
+bool LeavesTurn(NodeProcess& node, int key, double seconds = kNodeWaitSeconds);
 // Polls until both show the same game text: empty then, else the first line
 // that differs.
-std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds = 10.0);
+std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds = kNodeWaitSeconds);
 // Polls the "nodes" command until it lists count nodes, the host's included.
-bool NodeCountBecomes(NodeProcess& node, int count, double seconds = 10.0);
-bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats, double seconds = 10.0);
+bool NodeCountBecomes(NodeProcess& node, int count, double seconds = kNodeWaitSeconds);
+bool SeatsBecome(NodeProcess& node, const std::vector<std::string>& seats,
+                 double seconds = kNodeWaitSeconds);
 
 // The mover plays the first legal move of its turn, or the command given,
 // once its game is there; true when the host has gone on to the next turn.

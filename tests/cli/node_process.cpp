@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -27,6 +28,10 @@ Clock::time_point After(double seconds) {
 }
 
 constexpr std::size_t kSeenLineChars = 200;
+
+// What a node says, once a session, when it has written a NetPlay error to
+// its log.
+constexpr std::string_view kErrorNotice = "chat A NetPlay error has been detected.";
 
 bool AllDigits(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
@@ -112,19 +117,23 @@ std::optional<std::string> NodeProcess::NextLine(Clock::time_point deadline) {
       buffer_.erase(0, end + 1);
       // A flood of long lines must not pile up here: the start tells enough.
       seen_.push_back(line.substr(0, kSeenLineChars));
+      if (line.starts_with(kErrorNotice)) errorLogged_ = true;
       return line;
     }
+    // All the node said before it broke has been read: nothing more is awaited.
+    if (output_ < 0) ended_ = true;  // it never started
+    if (Broken()) return std::nullopt;
     const auto left =
         std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    if (left <= 0 || output_ < 0) return std::nullopt;
+    if (left <= 0) return std::nullopt;
     pollfd ready{output_, POLLIN, 0};
     if (poll(&ready, 1, static_cast<int>(left)) <= 0) continue;
     char chunk[4096];
     const ssize_t got = read(output_, chunk, sizeof chunk);
     if (got > 0)
       buffer_.append(chunk, static_cast<std::size_t>(got));
-    else if (got == 0)
-      return std::nullopt;  // the node has ended
+    else if (got == 0 || (errno != EAGAIN && errno != EINTR))
+      ended_ = true;
   }
 }
 
@@ -143,7 +152,7 @@ void NodeProcess::ReadFor(double seconds) {
 
 std::optional<std::vector<std::string>> NodeProcess::Show() {
   Send("show");
-  const auto deadline = After(10.0);
+  const auto deadline = After(kNodeWaitSeconds);
   while (auto line = NextLine(deadline)) {
     if (line->rfind("game ", 0) != 0 || !AllDigits(line->substr(5))) continue;
     const int count = std::stoi(line->substr(5));
@@ -172,7 +181,7 @@ std::optional<Game> NodeProcess::ShownGame() {
 std::vector<std::string> NodeProcess::Seats() {
   Send("seats");
   std::vector<std::string> seats;
-  const auto deadline = After(10.0);
+  const auto deadline = After(kNodeWaitSeconds);
   while (seats.size() < 4) {
     auto line = NextLine(deadline);
     if (!line) break;
@@ -214,6 +223,7 @@ std::string NodeProcess::Recent() const {
   std::string text;
   const std::size_t from = seen_.size() > 30 ? seen_.size() - 30 : 0;
   for (std::size_t i = from; i < seen_.size(); ++i) text += seen_[i] + "\n";
+  if (ended_) text += "(the node's output has ended)\n";
   return text;
 }
 

@@ -1,6 +1,8 @@
 // A varkesh-cli NetPlay node run by a test as a player would run it: its
 // standard input fed line by line, its standard output read line by line,
-// every wait bounded.
+// every wait bounded. A node whose output has ended, or that has logged a
+// NetPlay error the test did not provoke, is waited for no longer: a broken
+// message fails a test at once instead of when its time runs out.
 #pragma once
 
 #include <sys/types.h>
@@ -13,6 +15,10 @@
 #include "flow/game.h"
 
 namespace varkesh::testing {
+
+// How long a node is given to say what a test waits for. A node answers a
+// command within milliseconds; the margin is for a machine busy with builds.
+inline constexpr double kNodeWaitSeconds = 5.0;
 
 // A TCP port on the loopback that nothing listens on just now.
 int FreeLoopbackPort();
@@ -33,7 +39,7 @@ class NodeProcess {
   void Send(const std::string& line);
   // Reads up to the first line that begins with prefix; nothing when the
   // node says nothing of the kind within the time.
-  std::optional<std::string> WaitFor(const std::string& prefix, double seconds = 10.0);
+  std::optional<std::string> WaitFor(const std::string& prefix, double seconds = kNodeWaitSeconds);
   // Reads and drops what the node says for that long, so that its output
   // pipe never fills while the test awaits another node.
   void ReadFor(double seconds);
@@ -46,7 +52,13 @@ class NodeProcess {
   void Kill(int signal);
   void CloseInput();
   // The exit code, or -1 when the node has not ended within the time.
-  int WaitForExit(double seconds = 10.0);
+  int WaitForExit(double seconds = kNodeWaitSeconds);
+
+  // The test provokes NetPlay errors on this node: they do not end waiting.
+  void ExpectErrors() { errorsExpected_ = true; }
+  // Whether waiting for more from the node is in vain: its output has ended,
+  // or it has logged an error that was not expected.
+  bool Broken() const { return ended_ || (errorLogged_ && !errorsExpected_); }
 
   // The last lines read, for the message of a failed check.
   std::string Recent() const;
@@ -64,6 +76,9 @@ class NodeProcess {
   std::string buffer_;
   std::vector<std::string> seen_;
   int exitCode_ = -1;
+  bool ended_ = false;
+  bool errorLogged_ = false;
+  bool errorsExpected_ = false;
 };
 
 }  // namespace varkesh::testing

@@ -5,24 +5,25 @@
 namespace varkesh {
 namespace {
 
-using test::Position;
+using test::Place;
 
-std::vector<DungeonPiece> Prisoners(const Game& game, int captor) {
-  const Dungeon& dungeon = game.match.position.dungeons[static_cast<std::size_t>(captor - 1)];
+std::vector<DungeonPiece> Prisoners(const Position& position, int captor) {
+  const Dungeon& dungeon = position.dungeons[static_cast<std::size_t>(captor - 1)];
   return {dungeon.prisoners.begin(), dungeon.prisoners.end()};
 }
 
 TEST(Dungeon, PrisonersLieWithTheCaptorAndTheEarliestEqualOneLeavesFirst) {
-  Game game;
-  AddPieceToDungeon(game, kRed, kBlack, kRook);
-  AddPieceToDungeon(game, kRed, kBlack, kKnight);
-  AddPieceToDungeon(game, kRed, kBlack, kRook);
-  AddPieceToDungeon(game, kNoTeam, kBlack, kQueen);  // no team, no dungeon
-  RemovePieceFromDungeon(game, kRed, kBlack, kRook);
-  RemovePieceFromDungeon(game, kRed, kWhite, kRook);     // not held
-  RemovePieceFromDungeon(game, kBlue, kBlack, kKnight);  // another dungeon
-  EXPECT_EQ(Prisoners(game, kRed), (std::vector<DungeonPiece>{{kBlack, kKnight}, {kBlack, kRook}}));
-  for (int captor : {kWhite, kBlue, kBlack}) EXPECT_TRUE(Prisoners(game, captor).empty());
+  Position position;
+  AddPieceToDungeon(position, kRed, kBlack, kRook);
+  AddPieceToDungeon(position, kRed, kBlack, kKnight);
+  AddPieceToDungeon(position, kRed, kBlack, kRook);
+  AddPieceToDungeon(position, kNoTeam, kBlack, kQueen);  // no team, no dungeon
+  EXPECT_EQ(RemovePieceFromDungeon(position, kRed, kBlack, kRook), 1);
+  EXPECT_EQ(RemovePieceFromDungeon(position, kRed, kWhite, kRook), 0);     // not held
+  EXPECT_EQ(RemovePieceFromDungeon(position, kBlue, kBlack, kKnight), 0);  // another dungeon
+  EXPECT_EQ(Prisoners(position, kRed),
+            (std::vector<DungeonPiece>{{kBlack, kKnight}, {kBlack, kRook}}));
+  for (int captor : {kWhite, kBlue, kBlack}) EXPECT_TRUE(Prisoners(position, captor).empty());
 }
 
 // White falls to Black with a frozen Queen on the battlefield, Blue pawns and
@@ -42,20 +43,22 @@ TEST(ApplyFate, GainedSwapsLostAndFrozenSweepOnlyOtherTeamsPawnsFromTheMoat) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.rule);
-    Game game = Position(kAnarchy, before);
-    game.match.position.kingCaptureRule = c.rule;
-    ApplyFate(game, kWhite, kBlack);
-    Game expected = Position(kAnarchy, c.after);
+    Position position = Place(kAnarchy, before);
+    position.kingCaptureRule = c.rule;
+    ApplyFate(position, kWhite, kBlack);
+    Position expected = Place(kAnarchy, c.after);
     for (Square& square : expected.board.squares)
-      if (square.realm == kWhite) square.realm = c.realmAfter;
-    test::ExpectSameBoard(game.match.position.board, expected.board);
+      if (square.realm == kWhite) square.realm = static_cast<std::int8_t>(c.realmAfter);
+    test::ExpectSameBoard(position.board, expected.board);
+    EXPECT_EQ(position.pieces, expected.pieces);
   }
   // A gained moat is the pawn's own: it keeps its double step.
-  Game game = Position(kAnarchy, before);
-  SwapTeams(game, kWhite, kBlack);
-  EXPECT_EQ(test::Destinations(game, 8, 13), test::At("8,12 8,11"));
-  SwapTeams(game, kNoTeam, kBlue);  // would fill every empty square
-  EXPECT_EQ(game.match.position.board.at(0, 0).team, kNoTeam);
+  Position position = Place(kAnarchy, before);
+  SwapTeams(position, kWhite, kBlack);
+  position.currentTeam = kBlack;
+  EXPECT_EQ(test::Destinations(position, 8, 13), test::At("8,12 8,11"));
+  SwapTeams(position, kNoTeam, kBlue);  // would fill every empty square
+  EXPECT_EQ(position.board.at(0, 0).team, kNoTeam);
 }
 
 TEST(SwapTeams, PrisonersChangeColourOnlyInAnEnemyOfTheGainersDungeon) {
@@ -69,16 +72,17 @@ TEST(SwapTeams, PrisonersChangeColourOnlyInAnEnemyOfTheGainersDungeon) {
       {kCrossroadAllies, kBlue, kWhite, {kBlue, kWhite, kBlue, kWhite}},
   };
   for (const Case& c : cases) {
-    Game game = Position(c.gameType, "");
+    Position position = Place(c.gameType, "");
     for (int holder = kWhite; holder <= kRed; ++holder) {
-      AddPieceToDungeon(game, holder, c.fallen, kRook);
-      AddPieceToDungeon(game, holder, c.fallen, kKing);  // a King never changes
+      AddPieceToDungeon(position, holder, c.fallen, kRook);
+      AddPieceToDungeon(position, holder, c.fallen, kKing);  // a King never changes
     }
-    SwapTeams(game, c.fallen, c.gainer);
+    SwapTeams(position, c.fallen, c.gainer);
     for (int holder = kWhite; holder <= kRed; ++holder) {
-      int rook = c.rookAfter[static_cast<std::size_t>(holder - 1)];
-      EXPECT_EQ(Prisoners(game, holder),
-                (std::vector<DungeonPiece>{{rook, kRook}, {c.fallen, kKing}}))
+      const auto rook = static_cast<std::int8_t>(c.rookAfter[static_cast<std::size_t>(holder - 1)]);
+      const auto fallen = static_cast<std::int8_t>(c.fallen);
+      EXPECT_EQ(Prisoners(position, holder),
+                (std::vector<DungeonPiece>{{rook, kRook}, {fallen, kKing}}))
           << "type " << c.gameType << " holder " << holder;
     }
   }
@@ -105,14 +109,12 @@ TEST(VictoryTest, EndsWhenASideHasFallenTheFirstPairTestedFirst) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(&c - cases);
-    Game game;
-    game.match.position.gameType = c.gameType;
-    game.turn.gameMode = ModeChoosePiece;
-    game.match.position.kingdomFallen = c.fallen;
-    bool ended = c.winner != kNoTeam;
-    EXPECT_EQ(VictoryTest(game), ended);
-    EXPECT_EQ(game.turn.gameMode, ended ? ModeVictorySetUp : ModeChoosePiece);
-    EXPECT_EQ((std::pair{game.match.position.winner, game.match.position.coWinner}), (std::pair{c.winner, c.coWinner}));
+    Position position;
+    position.gameType = c.gameType;
+    position.kingdomFallen = c.fallen;
+    EXPECT_EQ(VictoryTest(position), c.winner != kNoTeam);
+    EXPECT_EQ(position.Finished(), c.winner != kNoTeam);
+    EXPECT_EQ((std::pair{position.winner, position.coWinner}), (std::pair{c.winner, c.coWinner}));
   }
 }
 

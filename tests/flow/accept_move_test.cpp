@@ -1,6 +1,7 @@
 // A human turn clicked through the loop's modes 1 to 3, and what the
 // confirmed move does: captures, the castle move, the fall of a kingdom and
 // the end of the game.
+#include "core/fate.h"
 #include "core/labels.h"
 #include "flow_fixture.h"
 
@@ -15,33 +16,60 @@ class HumanTurnTest : public FlowTest {
     BeginTurn(kWhite);
   }
   DungeonPiece LastPrisoner(int captor) {
-    const Dungeon& dungeon = game.match.position.dungeons[captor - 1];
+    const Dungeon& dungeon = Pos().dungeons[static_cast<std::size_t>(captor - 1)];
     return dungeon.prisoners[dungeon.PrisonerCount()];
   }
   void Fall(int team) {
-    game.match.position.kingdomFallen[team - 1] = true;
-    ClearBoardOfTeam(game, team);
+    Pos().kingdomFallen[static_cast<std::size_t>(team - 1)] = true;
+    ClearBoardOfTeam(Pos(), team);
   }
 };
 
+// A left click in mode 1 chooses only a square marked as a moveable piece of
+// the team on turn; any other is used up and chooses nothing.
+TEST_F(HumanTurnTest, AClickOnNoMoveablePieceChoosesNothing) {
+  const struct {
+    const char* name;
+    int x, y;
+  } kSquares[] = {{"empty", 7, 9},         {"frozen", 9, 9},
+                  {"enemy's piece", 1, 8}, {"own piece, no move", 8, 16},
+                  {"off the board", 0, 0}, {"off the array", 17, 3}};
+  Put(9, 9, kWhite, -kBishop);  // frozen: no piece of the team on turn
+  Put(8, 16, kWhite, kPawn);    // behind its King in the keep, where a Pawn has no move
+  BeginTurn(kWhite);
+  ASSERT_EQ(Mark(8, 16), kUnmarked);
+  for (const auto& square : kSquares) {
+    Click(square.x, square.y);
+    EXPECT_EQ(game.turn.gameMode, ModeChoosePiece) << square.name;
+    EXPECT_EQ(game.turn.moveFromX + game.turn.moveFromY, 0) << square.name;
+    EXPECT_FALSE(game.view.clickPending) << square.name;
+  }
+  EXPECT_TRUE(outside.told.empty()) << "no selection to tell";
+  EXPECT_EQ(outside.pieceLabel, "");
+  EXPECT_EQ(Mark(8, 8), kMarkMoveable);
+  EXPECT_EQ(Mark(8, 10), kUnmarked) << "no destinations shown";
+}
+
 TEST_F(HumanTurnTest, ChoosingChangingAndCancellingASelection) {
-  Click(9, 9);  // unmarked: consumed, nothing chosen
-  EXPECT_FALSE(game.view.clickPending);
   Click(8, 8, false);  // a right click chooses nothing and is left waiting
   EXPECT_TRUE(game.view.clickPending);
+  EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
   Click(8, 8);
   EXPECT_EQ(game.turn.gameMode, ModeChooseDestination);
-  EXPECT_EQ(At(8, 10).mark, kMarkDestination);
+  EXPECT_EQ(Mark(8, 10), kMarkDestination);
   EXPECT_EQ(outside.pieceLabel, "White's Rook");
   Click(6, 14);  // a change of mind: the other pieces stayed choosable
   EXPECT_EQ(game.turn.moveFromX, 6);
-  EXPECT_EQ(At(8, 10).mark, kUnmarked);
+  EXPECT_EQ(Mark(8, 10), kUnmarked);
   Click(17, 3);  // off the board: dropped, not a cancel
   EXPECT_EQ(game.turn.gameMode, ModeChooseDestination);
-  Click(9, 9);
+  Click(7, 9);
   EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
   EXPECT_EQ(game.turn.moveFromX + game.turn.moveFromY + game.turn.moveToX + game.turn.moveToY, 0);
-  EXPECT_EQ(At(6, 14).mark, kMarkMoveable);
+  EXPECT_EQ(Mark(6, 14), kMarkMoveable);
+  EXPECT_EQ(outside.told,
+            (std::vector<std::string>{"selection 8,8-0,0 mode 2", "selection 6,14-0,0 mode 2",
+                                      "selection 0,0-0,0 mode 1"}));
 }
 
 TEST_F(HumanTurnTest, OnlyARightClickOnTheChosenDestinationPlaysTheMove) {
@@ -55,10 +83,15 @@ TEST_F(HumanTurnTest, OnlyARightClickOnTheChosenDestinationPlaysTheMove) {
   Click(8, 9, false);
   EXPECT_EQ(At(8, 9).piece, kRook);
   EXPECT_EQ(At(8, 8).piece, kNoPiece);
+  EXPECT_EQ(game.match.record.events,
+            std::vector<RecordEvent>{RecordEvent::Of(Move::Of(8, 8, 8, 9))});
   EXPECT_FALSE(game.turn.gameSaved);
   EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
+  EXPECT_EQ(Mark(1, 8), kMarkMoveable) << "Blue's pieces are marked";
   EXPECT_EQ(outside.turnLabel, "1st Round, Blue Player (Human)");
   EXPECT_EQ(outside.pieceLabel, "");
+  EXPECT_EQ(outside.told.back(), "event");
+  EXPECT_EQ(outside.told.end()[-2], "move plain");
 }
 
 TEST_F(HumanTurnTest, ClicksOnAnotherMachinesSeatAreDropped) {
@@ -77,14 +110,14 @@ TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
   EXPECT_EQ(At(8, 15).piece, kCastlePawn);
   Put(4, 6, kWhite, kPawn);  // a pawn goes to no dungeon
   PlayMove(2, 6, 4, 6);
-  EXPECT_EQ(game.match.position.dungeons[kBlue - 1].PrisonerCount(), 0);
-  EXPECT_EQ(game.match.position.history[0], (HistoryMove{2, 6, 4, 6, kBlue, true}));
+  EXPECT_EQ(Pos().dungeons[kBlue - 1].PrisonerCount(), 0);
+  EXPECT_EQ(Pos().history[0], (HistoryMove{2, 6, 4, 6, kBlue, true}));
   Put(8, 4, kWhite, kBishop);  // other pieces are kept
   PlayMove(8, 2, 8, 4);
   EXPECT_EQ(LastPrisoner(kBlack), (DungeonPiece{kWhite, kBishop}));
   Put(12, 8, kBlack, kCastlePawn);  // taking a Castle Pawn ends the taker's castle move
   PlayMove(14, 8, 12, 8);
-  EXPECT_EQ(game.match.position.castleRight, (PerTeam<bool>{false, true, true, false}));
+  EXPECT_EQ(Pos().castleRight, (PerTeam<bool>{false, true, true, false}));
   Put(8, 1, kNoTeam, kNoPiece);  // a King: its kingdom falls to the taker
   Put(8, 12, kBlack, kKing);
   PlayMove(8, 8, 8, 12);
@@ -95,18 +128,27 @@ TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
                                       "sfx_captureking"}));
   game.match.setup.playerKinds[kWhite - 1] = kBalanced;
   PlayMove(2, 10, 4, 10);
-  EXPECT_EQ(game.match.position.currentTeam, kRed) << "a fallen kingdom is skipped";
+  EXPECT_EQ(Pos().currentTeam, kRed) << "a fallen kingdom is skipped";
   PlayMove(14, 6, 12, 6);
   EXPECT_EQ(outside.turnLabel, "3rd Round, White Player (Balanced)");
   EXPECT_EQ(game.turn.gameMode, ModeComputerThinks);
+  EXPECT_EQ(game.match.record.events.size(), 7u);
 }
 
 TEST(TurnLabelTest, CountsRoundsInOrdinals) {
-  Game game;
-  for (auto [round, text] :
-       {std::pair{11, "11th"}, {12, "12th"}, {13, "13th"}, {21, "21st"}, {102, "102nd"}}) {
-    game.match.position.roundNumber = round;
-    EXPECT_EQ(TurnText(game), std::string(text) + " Round, White Player (Human)");
+  Position position;
+  for (auto [round, text] : {std::pair{1, "1st"},
+                             {2, "2nd"},
+                             {3, "3rd"},
+                             {4, "4th"},
+                             {11, "11th"},
+                             {12, "12th"},
+                             {13, "13th"},
+                             {21, "21st"},
+                             {102, "102nd"}}) {
+    position.roundNumber = round;
+    EXPECT_EQ(TurnText(position, varkesh::Setup{}),
+              std::string(text) + " Round, White Player (Human)");
   }
 }
 
@@ -125,25 +167,26 @@ class KingdomFallTest : public HumanTurnTest, public ::testing::WithParamInterfa
 // leaves Blue a Queen and a Rook (4): too little material.
 TEST_P(KingdomFallTest, TheKingGoesToTheTakerAndTheLastOfASideEndsTheGame) {
   const KingdomFall& f = GetParam();
-  game.match.position.gameType = f.gameType;
-  game.match.setup.playerKinds[f.victim - 1] = f.victimIsHuman ? kHuman : kAggressive;
+  Pos().gameType = f.gameType;
+  game.match.setup.playerKinds[static_cast<std::size_t>(f.victim - 1)] =
+      f.victimIsHuman ? kHuman : kAggressive;
   for (int team : f.fallen) Fall(team);
   if (f.lackOfMaterial)
     Put(2, 10, kNoTeam, kNoPiece);
   else
-    Put(KingColumn(game, f.victim), KingRow(game, f.victim), kNoTeam, kNoPiece);
+    Put(KingColumn(Pos(), f.victim), KingRow(Pos(), f.victim), kNoTeam, kNoPiece);
   Put(8, 10, f.victim, f.lackOfMaterial ? kPawn : kKing);
   BeginTurn(kWhite);
   PlayMove(8, 8, 8, 10);
-  EXPECT_TRUE(game.match.position.kingdomFallen[f.victim - 1]);
-  EXPECT_EQ(LastPrisoner(kWhite), (DungeonPiece{f.victim, kKing}));
+  EXPECT_TRUE(Pos().kingdomFallen[static_cast<std::size_t>(f.victim - 1)]);
+  EXPECT_EQ(LastPrisoner(kWhite), (DungeonPiece{static_cast<std::int8_t>(f.victim), kKing}));
   EXPECT_EQ(At(f.victim == kBlue ? 2 : 14, 8).team, kWhite) << "the taker gains the Queen";
-  ASSERT_EQ(outside.messages.size(), f.lackOfMaterial && f.victimIsHuman ? 1u : 0u);
-  for (const auto& message : outside.messages)
-    EXPECT_EQ(message.text, "Blue King is removed from the game due to lack of materials.");
-  EXPECT_EQ(game.match.position.winner, f.winner);
-  EXPECT_EQ(game.match.position.coWinner, f.coWinner);
-  EXPECT_EQ(game.match.position.currentTeam, f.winner ? kWhite : kBlack) << "an ended game keeps its turn";
+  ASSERT_EQ(outside.boxes.size(), f.lackOfMaterial && f.victimIsHuman ? 1u : 0u);
+  for (const auto& box : outside.boxes)
+    EXPECT_EQ(box.text, "Blue King is removed from the game due to lack of materials.");
+  EXPECT_EQ(Pos().winner, f.winner);
+  EXPECT_EQ(Pos().coWinner, f.coWinner);
+  EXPECT_EQ(Pos().currentTeam, f.winner ? kWhite : kBlack) << "an ended game keeps its turn";
   if (!f.winner) return;
 
   EXPECT_FALSE(outside.IsMenuEnabled(Menu::Resign));

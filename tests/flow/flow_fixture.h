@@ -8,13 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "core/fate.h"
 #include "core/new_game_data.h"
-#include "core/rules.h"
-#include "core/turn.h"
 #include "flow/main_loop.h"
-#include "support/scripted_outside.h"
+#include "flow/turn.h"
 #include "persist/temp_folder.h"
+#include "support/scripted_outside.h"
 
 namespace varkesh::testing {
 
@@ -28,12 +26,12 @@ struct CountingView : GameView {
   }
 };
 
-// The fields of a message after its verb, as they go over the wire.
-inline std::string Fields(std::initializer_list<int> values) {
-  std::string text;
-  for (int value : values)
-    text += (text.empty() ? "" : std::string(1, kFieldSeparator)) + std::to_string(value);
-  return text;
+// Matches are alike when they stand alike, are played alike and came alike.
+inline ::testing::AssertionResult SameMatch(const Match& a, const Match& b) {
+  if (!(a.setup == b.setup)) return ::testing::AssertionFailure() << "the setups differ";
+  if (!(a.position == b.position)) return ::testing::AssertionFailure() << "the positions differ";
+  if (!(a.record == b.record)) return ::testing::AssertionFailure() << "the records differ";
+  return ::testing::AssertionSuccess();
 }
 
 class FlowTest : public ::testing::Test {
@@ -45,17 +43,22 @@ class FlowTest : public ::testing::Test {
 
   FlowTest() {
     outside.engine.appPath = folder.Slashed();
-    LayOutTerrain(game.match.position.board);
-    game.match.position.gameType = kAnarchy;
+    LayOutTerrain(TheBoard());
+    Pos().gameType = kAnarchy;
     game.random = Random::Zero();
     outside.clock = 100.0;
     outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
   }
 
-  Square& At(int x, int y) { return game.match.position.board.at(x, y); }
+  Position& Pos() { return game.match.position; }
+  Board& TheBoard() { return game.match.position.board; }
+  const Square& At(int x, int y) { return TheBoard().at(x, y); }
+  int Mark(int x, int y) const { return game.view.MarkAt(x, y); }
+  // Edits the board behind the rules' back, so the pieces are counted anew.
   void Put(int x, int y, int team, int piece) {
-    At(x, y).team = team;
-    At(x, y).piece = piece;
+    TheBoard().at(x, y).team = static_cast<std::int8_t>(team);
+    TheBoard().at(x, y).piece = static_cast<std::int8_t>(piece);
+    Pos().Refresh();
   }
 
   // Each King on its edge with a Queen in front and a Rook two squares to
@@ -72,11 +75,12 @@ class FlowTest : public ::testing::Test {
     }
   }
 
-  // The start of team's turn, as the previous move would leave it.
+  // The start of team's turn, as the previous move would leave it; the
+  // record begins here.
   void BeginTurn(int team) {
-    game.match.position.currentTeam = team;
+    Pos().currentTeam = team;
+    game.match.BeginRecord();
     ClearMarks(game);
-    ClearMoveablePieces(game);
     StartTurn(game, outside);
   }
 
@@ -96,17 +100,7 @@ class FlowTest : public ::testing::Test {
     Click(toX, toY, false);
   }
 
-  std::vector<std::string> SentMessages() const {
-    std::vector<std::string> texts;
-    for (const ScriptedOutside::Sent& message : outside.sent) texts.push_back(message.message);
-    return texts;
-  }
   std::string Log() const { return FileText(folder.File("error_main.log")); }
-  bool ErrorShown() const {
-    for (const ScriptedOutside::Message& message : outside.messages)
-      if (message.title == "Varkesh Error") return true;
-    return false;
-  }
 };
 
 }  // namespace varkesh::testing

@@ -74,6 +74,13 @@ std::size_t FakeTransport::PendingBytes(ConnectionId connection) const {
   return peer == ends.end() ? 0 : peer->second.arrived.size();
 }
 
+std::string FakeTransport::PeerAddress(ConnectionId connection) const {
+  const auto end = network_.ends_.find({index_, connection});
+  if (end == network_.ends_.end()) return {};
+  const FakeTransport* far = network_.Endpoint(end->second.peer.first);
+  return far == nullptr ? std::string() : far->address_;
+}
+
 FakeTransport& FakeNetwork::AddEndpoint(const std::string& address) {
   const int index = static_cast<int>(endpoints_.size());
   endpoints_.push_back(std::make_unique<FakeTransport>(*this, index, address));

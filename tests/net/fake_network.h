@@ -32,6 +32,7 @@ class FakeTransport final : public Transport {
   void Close(ConnectionId connection) override;
   std::size_t PendingBytes(ConnectionId connection) const override;
   std::string LocalAddress() const override { return address_; }
+  std::string PeerAddress(ConnectionId connection) const override;
 
  private:
   friend class FakeNetwork;

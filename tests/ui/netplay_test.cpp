@@ -300,7 +300,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   SelectNode(host, 2);
   Click(hostChat, "cmdBoot");
   ASSERT_TRUE(HistoryShows(cy, "***** You are being booted by the host!"));
-  EXPECT_TRUE(History(cy).contains("REASON: 'lag'"));
+  EXPECT_TRUE(History(cy).contains("REASON: '  lag  '")) << "the reason goes out as typed";
   ASSERT_TRUE(HistoryShows(host, "     *** Cy has disconnected"));
   ASSERT_TRUE(HistoryShows(bo, "   *** Cy is being booted by the host."));
   ASSERT_TRUE(host.WaitFor([&] { return NodeLines(host).size() == 2; }));
@@ -339,7 +339,10 @@ TEST(NetPlay, AHostThatCannotListenSaysSoAndGivesTheMenuBack) {
   EXPECT_EQ(host.game().net.netRole, kNetNone);
   EXPECT_TRUE(host.window().menuAction(Menu::NetPlay).isEnabled());
   EXPECT_TRUE(History(host).contains("A NetPlay error has been detected."));
+  EXPECT_TRUE(History(host).contains("*** Cannot host on port " +
+                                     QString::number(taken.serverPort()) + ": "));
   EXPECT_FALSE(Child<QPushButton>(Chat(host), "cmdChat").isEnabled());
+  EXPECT_FALSE(Child<QPushButton>(Chat(host), "cmdDef0").isEnabled()) << "no seats to hand out";
 }
 
 TEST(NetPlay, CancellingTheConnectDialogOpensNothing) {

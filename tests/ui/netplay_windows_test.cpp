@@ -44,6 +44,7 @@ TEST(ConnectDialog, ConnectNeedsANamePortAndWhenJoiningAnAddress) {
     EXPECT_FALSE(connect.isEnabled()) << "a name of blanks";
     QTest::keyClicks(&Child<QLineEdit>(dialog, "txtName"), "Ada ");
     EXPECT_TRUE(connect.isEnabled());
+    EXPECT_EQ(Child<QLineEdit>(dialog, "txtName").maxLength(), 64);
     address.setText("   ");
     EXPECT_EQ(connect.isEnabled(), hosting) << "the hidden address counts only when joining";
     address.setText(" 10.0.0.7 ");

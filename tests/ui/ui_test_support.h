@@ -120,13 +120,20 @@ class RunningProgram {
     return QTest::qWaitFor(done, ms);
   }
   // Until the game is in the mode, and if a team is given, at that team's turn.
+  // A game without a session that waits for a click here, with none pending
+  // and no dialog open, will not move on: the wait ends there at once.
   bool WaitFor(int mode, int team = kNoTeam) {
-    return WaitFor(
-        [=, this] {
-          return game().turn.gameMode == mode &&
-                 (team == kNoTeam || game().match.position.currentTeam == team);
-        },
-        120000);
+    const auto reached = [=, this] {
+      return game().turn.gameMode == mode &&
+             (team == kNoTeam || game().match.position.currentTeam == team);
+    };
+    const auto resting = [this] {
+      const int now = game().turn.gameMode;
+      return game().net.netRole == kNetNone && !game().view.clickPending &&
+             QApplication::activeModalWidget() == nullptr &&
+             (now == ModeChoosePiece || now == ModeChooseDestination || now == ModeConfirmMove);
+    };
+    return WaitFor([&] { return reached() || resting(); }, 120000) && reached();
   }
 
  private:

@@ -103,6 +103,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   game.match.position.board.at(8, 3).piece = kPawn;
   game.match.position.board.at(8, 2).team = kNoTeam;
   game.match.position.board.at(8, 2).piece = kNoPiece;
+  game.match.position.Refresh();
   MarkMoveablePieces(game, true);
   game.view.boardChanged = true;
   const int prisonersBefore = game.match.position.dungeons[0].PrisonerCount();

@@ -1,3 +1,4 @@
+#include <optional>
 #include <stdexcept>
 
 #include "cli.h"
@@ -9,18 +10,18 @@ namespace varkesh::cli {
 
 Game ReadGameFile(const std::string& path) {
   Game game;
+  std::optional<std::string> problem;
   try {
     const std::string bytes = ReadFileBytes(path);
     if (LooksCoded(bytes)) {
       DecodeSavedGame(bytes, game.match, &game.view.marks);
       return game;
     }
-    if (auto problem =
-            ReadGameText(bytes, game.match.position, game.match.setup, &game.view.marks))
-      BadInput("varkesh-cli: " + path + ": " + *problem);
+    problem = ReadGameText(bytes, game.match.position, game.match.setup, &game.view.marks);
   } catch (const std::runtime_error& error) {
-    BadInput("varkesh-cli: " + path + ": " + error.what());
+    problem = error.what();
   }
+  if (problem) BadInput("varkesh-cli: " + path + ": " + *problem);
   game.match.BeginRecord();
   return game;
 }

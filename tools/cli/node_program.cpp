@@ -15,15 +15,16 @@
 #include <thread>
 
 #include "cli.h"
+#include "engine/general_engine.h"
 #include "event_line.h"
 #include "flow/main_loop.h"
 #include "flow/save_load.h"
 #include "headless_net_view.h"
-#include "tool_outside.h"
 #include "load_for_play.h"
 #include "net/node.h"
 #include "net/qt_transport.h"
 #include "node_commands.h"
+#include "tool_outside.h"
 
 namespace varkesh::cli {
 
@@ -54,7 +55,8 @@ class NodeRun {
   // false: the host could not listen.
   bool Open();
   void Start();
-  const std::string& Folder() const { return outside_.engine.appPath; }
+  // Where the NetPlay error block went; empty when no log is written.
+  std::string NetLog() const { return LogFile(outside_.engine, "error_netplay.log"); }
 
  private:
   void Tick();
@@ -207,9 +209,12 @@ int RunNode(const NodeSettings& settings) {
   QCoreApplication app(argc, argv);
   NodeRun run(settings);
   if (!run.Open()) {
-    std::fprintf(stderr,
-                 "varkesh-cli: cannot listen on port %d; details are in '%serror_netplay.log'\n",
-                 settings.port, run.Folder().c_str());
+    const std::string log = run.NetLog();
+    if (log.empty())
+      std::fprintf(stderr, "varkesh-cli: cannot listen on port %d\n", settings.port);
+    else
+      std::fprintf(stderr, "varkesh-cli: cannot listen on port %d; details are in '%s'\n",
+                   settings.port, log.c_str());
     return 1;
   }
   run.Start();

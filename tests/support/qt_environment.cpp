@@ -1,6 +1,7 @@
-// One QApplication for the whole run, offscreen unless told otherwise, with a
-// watchdog that fails a test which leaves a modal window open for a minute,
-// instead of letting the run hang on it.
+// One QApplication for the whole run of a Qt test program, offscreen unless
+// told otherwise: fonts and sound need it, sockets need its event loop, and
+// windows need it whole. A watchdog fails a test that leaves a modal window
+// open and hides the window, so the run goes on instead of hanging on it.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -12,8 +13,12 @@
 
 namespace {
 
+// Far longer than any dialog of a test stays open on purpose.
+constexpr qint64 kModalLimitMs = 10000;
+constexpr int kWatchdogPeriodMs = 500;
+
 int argc = 1;
-char name[] = "ui_tests";
+char name[] = "varkesh_tests";
 char* argv[] = {name, nullptr};
 
 class QtEnvironment : public ::testing::Environment {
@@ -29,13 +34,13 @@ class QtEnvironment : public ::testing::Environment {
                        if (modal != seen) {
                          seen = modal;
                          since.start();
-                       } else if (modal != nullptr && since.elapsed() > 60000) {
+                       } else if (modal != nullptr && since.elapsed() > kModalLimitMs) {
                          ADD_FAILURE()
                              << '"' << modal->windowTitle().toStdString() << "\" was left open";
                          modal->hide();  // ends its event loop, even if it refuses to close
                        }
                      });
-    watchdog->start(1000);
+    watchdog->start(kWatchdogPeriodMs);
   }
   void TearDown() override { app_.reset(); }
 

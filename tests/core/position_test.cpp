@@ -1,0 +1,91 @@
+#include <map>
+#include <utility>
+
+#include "core/apply_move.h"
+#include "rules_fixture.h"
+
+namespace varkesh {
+namespace {
+
+using test::Place;
+
+TEST(Alliance, PairsByGameTypeInBothDirectionsAndNobodyElse) {
+  // The ally of White, Blue, Black and Red; none in Anarchy. Team 0 and
+  // values outside the teams are nobody's ally, not even their own.
+  const std::map<int, PerTeam<int>> allyOf = {{kAlliedNeighbors, {kBlue, kWhite, kRed, kBlack}},
+                                              {kCrossroadAllies, {kBlack, kRed, kWhite, kBlue}}};
+  for (int gameType : {0, kAlliedNeighbors, kCrossroadAllies, kAnarchy}) {
+    for (int team = -1; team <= 5; ++team) {
+      for (int other = -1; other <= 5; ++other) {
+        bool expected = allyOf.count(gameType) && TeamIndex(team) >= 0 &&
+                        allyOf.at(gameType)[static_cast<std::size_t>(team - 1)] == other;
+        EXPECT_EQ(IsAlly(gameType, team, other), expected)
+            << "type " << gameType << " teams " << team << ", " << other;
+        EXPECT_EQ(IsHostile(gameType, team, other), team != other && !expected);
+      }
+    }
+  }
+}
+
+TEST(LackOfMaterial, LivePawnsCountOneOtherPiecesTwoTheKingNothingBelowFiveLacks) {
+  const std::string pawns = " WP 6,13 WP 7,13 WP 8,13 WK 8,15 KQ 8,8";
+  EXPECT_TRUE(LackOfMaterial(Place(kAnarchy, "WP 5,13" + pawns), kWhite));   // 4
+  EXPECT_FALSE(LackOfMaterial(Place(kAnarchy, "WN 5,13" + pawns), kWhite));  // 3 + 2
+  EXPECT_TRUE(LackOfMaterial(Place(kAnarchy, "-WQ 5,13" + pawns), kWhite));  // 3
+  EXPECT_TRUE(LackOfMaterial(Place(kAnarchy, "RQ 8,8 RR 9,8"), kRed));       // 4
+  EXPECT_FALSE(LackOfMaterial(Place(kAnarchy, "RQ 8,8 RR 9,8 RC 10,8"), kRed));
+}
+
+BoardSquare King(const Position& position, int team) {
+  return {KingColumn(position, team), KingRow(position, team)};
+}
+
+TEST(KingScan, FindsTheFirstLiveKingRowByRow) {
+  EXPECT_EQ(King(Place(kAnarchy, "KK 7,7"), kWhite), (BoardSquare{0, 0}));
+  const Position position = Place(kAnarchy, "WK 8,15 -WK 9,9 KK 7,7");
+  EXPECT_EQ(King(position, kWhite), (BoardSquare{8, 15}));
+  EXPECT_EQ(King(position, kBlack), (BoardSquare{7, 7}));
+  // Row 14 comes before row 15, though further right.
+  EXPECT_EQ(King(Place(kAnarchy, "WK 8,15 WK 10,14"), kWhite), (BoardSquare{10, 14}));
+}
+
+TEST(History, NewestFirstAndTheFourthDropsTheFirst) {
+  Position position;
+  for (int n = 1; n <= 4; ++n) AddToHistory(position, n, n + 1, n + 2, n + 3, n, n == 2);
+  EXPECT_EQ(position.history, (std::array<HistoryMove, 3>{HistoryMove{4, 5, 6, 7, 4, false},
+                                                          HistoryMove{3, 4, 5, 6, 3, false},
+                                                          HistoryMove{2, 3, 4, 5, 2, true}}));
+}
+
+TEST(PassTurn, SkipsEveryFallenKingdomInARowAndCountsTheRoundAtTheWrap) {
+  struct Case {
+    const char* fallen;
+    int from, round;
+    int next, nextRound;
+  };
+  const Case cases[] = {
+      {"", kWhite, 1, kBlue, 1},
+      {"", kRed, 1, kWhite, 2},
+      {"B", kWhite, 3, kBlack, 3},
+      {"BK", kWhite, 3, kRed, 3},     // two in a row
+      {"WB", kRed, 3, kBlack, 4},     // two across the wrap
+      {"BKR", kWhite, 5, kWhite, 6},  // the last one standing plays on
+      {"", kRed, kHighestRound, kWhite, kHighestRound},
+  };
+  for (const Case& c : cases) {
+    Position position = Place(test::Layout{kAnarchy, kKingdomGained, "", "", c.fallen});
+    position.currentTeam = c.from;
+    position.roundNumber = c.round;
+    PassTurn(position);
+    EXPECT_EQ((std::pair{position.currentTeam, position.roundNumber}),
+              (std::pair{c.next, c.nextRound}))
+        << "fallen " << c.fallen << " from " << c.from;
+  }
+  // Every kingdom fallen (a damaged game): the search gives up after one lap.
+  Position position = Place(test::Layout{kAnarchy, kKingdomGained, "", "", "WBKR"});
+  PassTurn(position);
+  EXPECT_EQ(position.roundNumber, 2);
+}
+
+}  // namespace
+}  // namespace varkesh

@@ -1,0 +1,390 @@
+// Peers that follow only the protocol, against our host and clients: moves,
+// resignations, names and chat reach them as they expect, and every game
+// ends the same as the host's.
+#include <algorithm>
+
+#include "core/pawn_options.h"
+#include "core/rules.h"
+#include "flow/resign.h"
+#include "net/extension.h"
+#include "net/net_fixture.h"
+#include "net/plain_peer.h"
+#include "net/session.h"
+#include "support/first_move.h"
+
+namespace varkesh::testing {
+namespace {
+
+struct LostPawnMove {
+  int fromX = 0, fromY = 0, toX = 0, toY = 0;
+};
+
+// A pawn of the team on turn put where its next step enters a keep with
+// nothing to offer; the position is changed so. The empty keep of a kingdom
+// fallen under Kingdom Lost is such a keep: Red's falls first when needed.
+std::optional<LostPawnMove> PlaceLostPawn(Position& position) {
+  for (const bool redFalls : {false, true}) {
+    Position base = position;
+    if (redFalls) {
+      if (base.currentTeam == kRed) return std::nullopt;
+      for (Square& square : base.board.squares)
+        if (square.team == kRed) {
+          square.team = kNoTeam;
+          square.piece = kNoPiece;
+        }
+      base.kingdomFallen[kRed - 1] = true;
+    }
+    for (int y = 0; y < kBoardSide; ++y) {
+      for (int x = 0; x < kBoardSide; ++x) {
+        if (!Board::InBounds(x, y) || base.board.at(x, y).piece != kNoPiece) continue;
+        Position trial = base;
+        trial.board.at(x, y).team = trial.currentTeam;
+        trial.board.at(x, y).piece = kPawn;
+        trial.Refresh();
+        MoveList moves;
+        ListMoves(trial, moves);
+        for (const Move& move : moves) {
+          if (move.fromX != x || move.fromY != y) continue;
+          if (PawnOptionsOfMove(trial, x, y, move.toX, move.toY).effects.pawn != PawnOutcome::Lost)
+            continue;
+          position = trial;
+          return LostPawnMove{x, y, move.toX, move.toY};
+        }
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+class PlainTable : public NetTable {
+ protected:
+  std::vector<std::unique_ptr<PlainPeer>> plains;
+
+  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
+  PlainPeer& PlainJoin(const std::string& name, const std::string& address = "127.0.0.1",
+                       bool answersGreeting = true) {
+    plains.push_back(std::make_unique<PlainPeer>(network.AddEndpoint(address), folder.Slashed(),
+                                                 name, kTablePort));
+    plains.back()->answersGreeting = answersGreeting;
+    network.Pump();
+    return *plains.back();
+  }
+  void Tick(double seconds) {
+    host->outside.clock += seconds;
+    host->link.OnTick();
+    network.Pump();
+  }
+  void StartWith(int rule, PerTeam<int> players = {}) {
+    host->outside.newGameChoices.push_back({true, kAnarchy, rule, players, "Table"});
+    NewGameCommand(host->game, host->outside);
+    network.Pump();
+    Settle();
+  }
+  // The host's game changed by hand and sent to everyone as a loaded one.
+  std::optional<LostPawnMove> SendLostPawnPosition() {
+    Position position = host->game.match.position;
+    std::optional<LostPawnMove> move = PlaceLostPawn(position);
+    EXPECT_FALSE(
+        LoadGameText(host->game, host->outside, WriteGameText(position, host->game.match.setup)));
+    host->link.TellGameStarted(host->game, true);
+    network.Pump();
+    Settle();
+    return move;
+  }
+  // Every node's game is the host's, without the marks of each board.
+  void ExpectSameEverywhere() {
+    const std::string hostText = WriteGameText(host->game.match.position, host->game.match.setup);
+    for (auto& client : clients)
+      EXPECT_EQ(WriteGameText(client->game.match.position, client->game.match.setup), hostText)
+          << client->game.net.localPlayerName;
+    for (auto& plain : plains) {
+      if (plain->connected()) {
+        EXPECT_EQ(plain->Text(), hostText) << "node " << plain->myNode;
+      }
+    }
+  }
+  bool ErrorNoticeShown() const {
+    for (const std::string& line : host->view.lines)
+      if (line.rfind("A NetPlay error has been detected", 0) == 0) return true;
+    return false;
+  }
+};
+
+TEST_F(PlainTable, APawnLostInAKeepIsGoneOnEveryNodeWhoeverMovesIt) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  PlainPeer& pat = PlainJoin("Pat");
+  PlainPeer& quinn = PlainJoin("Quinn");
+  Settle();
+  // White by the plain peer, Blue by the host, Black by our client; Red's
+  // kingdom falls for the first lost pawn.
+  net::AssignSeat(host->node, kWhite, pat.myNode);
+  net::AssignSeat(host->node, kBlack, 1);
+  Settle();
+  const std::string plainMove = "GAMV}0" + kSep + "0" + kSep + "0";
+
+  std::optional<LostPawnMove> white = SendLostPawnPosition();
+  ASSERT_TRUE(white);
+  const int imagesBefore = pat.Count("GLGF}");
+  pat.MoveAs(white->fromX, white->fromY, white->toX, white->toY);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->game.match.position.board.at(white->toX, white->toY).piece, kNoPiece);
+  EXPECT_EQ(pat.Count("GLGF}"), imagesBefore) << "the mover's own game needs nothing";
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
+  ExpectSameEverywhere();
+
+  for (Peer* mover : {host.get(), &bob}) {
+    ASSERT_TRUE(net::SpeaksExtension(host->session, 1));
+    std::optional<LostPawnMove> lost = SendLostPawnPosition();
+    ASSERT_TRUE(lost);
+    quinn.messages.clear();
+    Move(*mover, lost->fromX, lost->fromY, lost->toX, lost->toY);
+    Settle();
+    EXPECT_EQ(host->game.match.position.board.at(lost->toX, lost->toY).piece, kNoPiece);
+    ASSERT_GE(quinn.Count("GLGF}"), 1) << mover->game.net.localPlayerName;
+    EXPECT_EQ(quinn.Count(plainMove), 1) << "only the kinds every peer knows";
+    ExpectSameEverywhere();
+  }
+  EXPECT_TRUE(Log().empty()) << Log();
+}
+
+TEST_F(PlainTable, AResignationUnderKingdomLostOrFrozenTakesAnyTeam) {
+  for (int rule : {kKingdomLost, kKingdomFrozen}) {
+    for (int team : {4, 2}) {
+      SCOPED_TRACE(std::to_string(rule) + " " + std::to_string(team));
+      if (plains.empty()) {
+        Join("Bob");
+        PlainJoin("Pat");
+      }
+      PlainPeer& pat = *plains.front();
+      StartWith(rule);
+      net::AssignSeat(host->node, kWhite, pat.myNode);
+      Settle();
+      pat.Send("GRES}" + std::to_string(team));
+      DoResign(pat.game, pat.outside, team);
+      network.Pump();
+      Settle();
+      EXPECT_TRUE(host->game.match.position.kingdomFallen[0]);
+      EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
+      ExpectSameEverywhere();
+    }
+  }
+  EXPECT_TRUE(Log().empty()) << Log();
+}
+
+TEST_F(PlainTable, NewGamesLoadsAndSeatChangesRaiseNoFalseError) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  PlainJoin("Pat");
+  net::AssignSeat(host->node, kRed, 1);
+  Settle();
+  StartWith(kKingdomLost, {kHuman, kHuman, kHuman, kDefensive});
+  for (Peer* peer : {host.get(), &bob}) {
+    EXPECT_EQ(peer->view.captions[3], "Comp (Def)") << peer->game.net.localPlayerName;
+    EXPECT_EQ(peer->game.net.seatNode[3], 0);
+  }
+  ExpectSameEverywhere();
+
+  // A loaded game whose computer seat the host's table still gave to Bob.
+  net::AssignSeat(host->node, kBlue, 1);
+  Settle();
+  host->game.match.setup.playerKinds[1] = kAggressive;
+  host->link.TellGameStarted(host->game, true);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->view.captions[1], "Comp (Agr)");
+  EXPECT_EQ(bob.view.captions[1], "Comp (Agr)");
+  net::AssignSeat(host->node, kBlack, 1);
+  net::GiveSeatToComputer(host->node, kBlue, kBalanced);
+  Settle();
+  ExpectSameEverywhere();
+  // The computer's move comes next, which the plain peer does not play.
+  const varkesh::Move move = FirstListedMove(host->game);
+  Move(*host, move.fromX, move.fromY, move.toX, move.toY);
+  Settle();
+  ExpectSameGames();
+  EXPECT_TRUE(Log().empty()) << Log();
+  EXPECT_FALSE(ErrorNoticeShown());
+}
+
+TEST_F(PlainTable, AWholeSessionWithAPlainPeerEndsAlikeOnEveryNode) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  Peer& cecile = Join("C\u00E9cile");
+  PlainPeer& pat = PlainJoin("P\xE2t");
+  Settle();
+  net::AssignSeat(host->node, kWhite, pat.myNode);
+  net::AssignSeat(host->node, kBlack, 1);
+  net::AssignSeat(host->node, kRed, 2);
+  Settle();
+
+  pat.Send("GCHT}d\xE9j\xE0 vu");
+  EXPECT_TRUE(net::SendChat(bob.node, "\u00E7a va"));
+  network.Pump();
+  EXPECT_TRUE(cecile.view.Saw("P\u00E2t: d\u00E9j\u00E0 vu"));
+  EXPECT_EQ(pat.chat.back(),
+            "1: \xE7"
+            "a va");
+
+  // Kingdom Lost: a pawn lost in a keep, and the host resigns.
+  std::optional<LostPawnMove> lost = SendLostPawnPosition();
+  ASSERT_TRUE(lost);
+  pat.MoveAs(lost->fromX, lost->fromY, lost->toX, lost->toY);
+  network.Pump();
+  Settle();
+  ASSERT_EQ(host->game.match.position.currentTeam, kBlue);
+  DoResign(host->game, host->outside, -1);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlack);
+  ExpectSameEverywhere();
+
+  // Kingdom Gained, with Cecile's seat now the computer's: the plain peer
+  // concedes to Blue.
+  StartWith(kKingdomGained, {kHuman, kHuman, kHuman, kDefensive});
+  EXPECT_EQ(cecile.view.captions[3], "Comp (Def)");
+  pat.Send("GRES}2");
+  DoResign(pat.game, pat.outside, 2);
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
+  ExpectSameEverywhere();
+
+  // Kingdom Frozen: the team it sends is the one left over.
+  StartWith(kKingdomFrozen);
+  pat.Send("GRES}2");
+  DoResign(pat.game, pat.outside, 2);
+  network.Pump();
+  Settle();
+  EXPECT_TRUE(host->game.match.position.kingdomFallen[0]);
+  ExpectSameEverywhere();
+
+  for (Peer* peer : {&bob, &cecile}) EXPECT_EQ(peer->session.nodeNames, host->session.nodeNames);
+  std::vector<std::string> patNames;
+  for (const std::string& name : pat.nodeNames) patNames.push_back(Utf8OfLatin1(name));
+  EXPECT_EQ(patNames, host->session.nodeNames);
+  EXPECT_TRUE(Log().empty()) << Log();
+}
+
+TEST_F(PlainTable, TheBootReasonGoesOutAsTyped) {
+  Join("Bob");
+  PlainPeer& pat = PlainJoin("Pat");
+  net::BootNode(host->node, pat.myNode, " \t ");
+  network.Pump();
+  EXPECT_TRUE(pat.boots.empty()) << "blanks alone cancel";
+  net::BootNode(host->node, pat.myNode, "  too slow  ");
+  network.Pump();
+  ASSERT_EQ(pat.boots.size(), 1u);
+  EXPECT_EQ(pat.boots[0], "2:   too slow  ");
+  EXPECT_TRUE(clients[0]->view.Saw("   REASON: '  too slow  '"));
+}
+
+TEST_F(PlainTable, AHostThatCannotListenSaysWhyAndHandsOutNothing) {
+  Peer second(network.AddEndpoint("10.0.0.9"), folder.Slashed(), "Zed");
+  second.game.net.netRole = kNetHostDialog;
+  second.session.netPort = kTablePort;
+  EXPECT_FALSE(net::OpenAsHost(second.node));
+  EXPECT_TRUE(second.view.Saw("*** Cannot host on port 5337: The bound address is already in use"));
+  EXPECT_FALSE(second.view.chatEnabled || second.view.hostControlsEnabled);
+  const PerTeam<int> kinds = second.game.match.setup.playerKinds;
+  net::AssignSeat(second.node, kWhite, 0);
+  net::GiveSeatToComputer(second.node, kBlue, kBalanced);
+  EXPECT_EQ(second.game.match.setup.playerKinds, kinds);
+  EXPECT_FALSE(net::SendChat(second.node, "anyone?"));
+}
+
+TEST_F(PlainTable, AccentsTravelAsOneByteACharacterBothWays) {
+  StartGame();
+  Peer& zoe = Join("Zo\u00EB \u2603");
+  PlainPeer& carol = PlainJoin("Carol \xE9");
+  PlainPeer& long_name = PlainJoin(std::string(70, '\xE9'));
+  Settle();
+  EXPECT_EQ(host->session.nodeNames[2], "Carol \u00E9");
+  EXPECT_EQ(zoe.session.nodeNames[2], "Carol \u00E9");
+  EXPECT_EQ(host->session.nodeNames[1], "Zo\u00EB ?");
+  EXPECT_EQ(carol.nodeNames.at(1), "Zo\xEB ?");
+  std::string capped;
+  for (int i = 0; i < 64; ++i) capped += "\u00E9";
+  EXPECT_EQ(zoe.session.nodeNames[3], capped);
+  EXPECT_EQ(long_name.nodeNames.at(3), std::string(64, '\xE9'));
+
+  carol.Send("GCHT}caf\xE9");
+  network.Pump();
+  EXPECT_TRUE(zoe.view.Saw("Carol \u00E9: caf\u00E9"));
+  EXPECT_TRUE(host->view.Saw("Carol \u00E9: caf\u00E9"));
+  EXPECT_TRUE(net::SendChat(zoe.node, "na\u00EFve \u2603"));
+  network.Pump();
+  EXPECT_EQ(carol.chat.back(), "1: na\xEFve ?");
+  ExpectSameEverywhere();
+}
+
+TEST_F(PlainTable, ASecondNameRenamesTheNode) {
+  StartGame();
+  Peer& bob = Join("Bob");
+  PlainPeer& pat = PlainJoin("Pat");
+  net::AssignSeat(host->node, kWhite, pat.myNode);
+  Settle();
+  const int images = pat.Count("GLGF}");
+  pat.Send("GMNI}Patricia");
+  network.Pump();
+  Settle();
+  EXPECT_EQ(host->session.nodeNames[2], "Patricia");
+  EXPECT_EQ(bob.session.nodeNames[2], "Patricia");
+  EXPECT_EQ(pat.nodeNames.at(2), "Patricia");
+  EXPECT_EQ(bob.view.captions[0], "Patricia");
+  EXPECT_EQ(host->game.net.seatNode[0], pat.myNode) << "the seats stay";
+  EXPECT_EQ(pat.Count("GLGF}"), images + 1) << "caught up";
+  ExpectSameEverywhere();
+}
+
+TEST_F(PlainTable, ConnectionsThatNeverNameThemselvesAreClosedAfterFifteenSeconds) {
+  StartGame();
+  for (int i = 0; i < net::kMaxClients; ++i) PlainJoin("Mute", "127.0.0.1", false);
+  const auto open = [&] {
+    return std::count_if(plains.begin(), plains.end(), [](auto& p) { return p->connected(); });
+  };
+  for (int second = 0; second < 14; ++second) Tick(1.0);
+  EXPECT_EQ(open(), net::kMaxClients);
+  Tick(1.0);
+  Tick(1.0);
+  EXPECT_EQ(open(), 0);
+  std::size_t blocks = 0;
+  for (std::size_t at = Log().find("sent no name"); at != std::string::npos;
+       at = Log().find("sent no name", at + 1))
+    ++blocks;
+  EXPECT_EQ(blocks, static_cast<std::size_t>(net::kMaxClients)) << "once each";
+  for (const std::string& line : host->view.lines)
+    EXPECT_EQ(line.find("disconnected"), std::string::npos) << "counted nowhere";
+
+  Peer& bob = Join("Bob");
+  Settle();
+  EXPECT_EQ(bob.game.net.myNodeId, 1);
+  const std::vector<net::NodeLine> list = {{"Ann (host/you)", 0}, {"Bob", 1}};
+  EXPECT_EQ(host->view.nodeLines, list);
+  ExpectSameEverywhere();
+}
+
+TEST_F(PlainTable, OnlyTheDroppedAddressTakesTheSeatsBack) {
+  StartGame();
+  PlainPeer& pat = PlainJoin("Pat", "10.0.0.2");
+  Settle();
+  net::AssignSeat(host->node, kBlue, pat.myNode);
+  Settle();
+  pat.Break(network);
+  network.Pump();
+  ASSERT_EQ(host->game.net.seatNode[1], 0);
+
+  PlainPeer& impostor = PlainJoin("Pat", "10.0.0.3");
+  Settle();
+  EXPECT_EQ(host->session.nodeNames[static_cast<std::size_t>(impostor.myNode)], "Pat");
+  EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{}));
+
+  PlainPeer& back = PlainJoin("Pat", "10.0.0.2");
+  Settle();
+  EXPECT_EQ(host->game.net.seatNode[1], back.myNode);
+  ExpectSameEverywhere();
+}
+
+}  // namespace
+}  // namespace varkesh::testing
