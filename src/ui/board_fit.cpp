@@ -36,6 +36,38 @@ void BoardFit::Update(Program& program) {
   FitScale(program);
   TurnBoard(program);
   CallForAttention(program);
+  TellFallenKingdoms(program);
+}
+
+void BoardFit::TellFallenKingdoms(Program& program) {
+  Game& game = program.game;
+  MainWindow& window = *program.window;
+  const int mode = game.turn.gameMode;
+  const bool playing = mode != ModeNoGame && mode != ModeTitle && mode != ModeVictorySetUp &&
+                       mode != ModeVictory && mode != ModeGameOver;
+  static constexpr const char* kTeamNames[] = {"White", "Blue", "Black", "Red"};
+  bool localHumanLeft = false;
+  bool anyLocalHuman = false;
+  for (int team = kWhite; team <= kRed; ++team) {
+    const auto index = static_cast<std::size_t>(team - 1);
+    const bool fallen = TeamEntry(game.match.position.kingdomFallen, team, false);
+    const bool localHuman = TeamEntry(game.match.setup.playerKinds, team, -1) == kHuman &&
+                            (game.net.netRole == kNetNone ||
+                             TeamEntry(game.net.seatNode, team, -1) == game.net.myNodeId);
+    anyLocalHuman = anyLocalHuman || localHuman;
+    if (localHuman && !fallen) localHumanLeft = true;
+    if (fallen && !fallenSeen_[index] && localHuman && playing)
+      window.view().ShowNotice(QString("The kingdom of %1 has fallen.").arg(kTeamNames[index]));
+    fallenSeen_[index] = fallen;
+  }
+  const bool watching = playing && anyLocalHuman && !localHumanLeft;
+  if (watching && !previewTurnedOn_ && !window.IsMenuChecked(Menu::OptionsShowComp)) {
+    window.SetMenuChecked(Menu::OptionsShowComp, true);
+    previewTurnedOn_ = true;
+  } else if (!playing && previewTurnedOn_) {
+    window.SetMenuChecked(Menu::OptionsShowComp, false);
+    previewTurnedOn_ = false;
+  }
 }
 
 void BoardFit::FitScale(Program& program) {

@@ -3,6 +3,8 @@
 // the call for attention when a local human's turn comes unseen.
 #pragma once
 
+#include <array>
+
 namespace varkesh {
 
 struct Program;
@@ -21,8 +23,13 @@ class BoardFit {
   void FitScale(Program& program);
   void TurnBoard(Program& program);
   void CallForAttention(Program& program);
+  // A local human's fallen kingdom told, and once no local human is left,
+  // the computers' moves previewed so that the end can be followed.
+  void TellFallenKingdoms(Program& program);
 
   bool humanTurnSeen_ = false;
+  std::array<bool, 4> fallenSeen_{};
+  bool previewTurnedOn_ = false;
 };
 
 }  // namespace varkesh

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QTimer>
 #include <QWindow>
 #include <cmath>
 
@@ -42,6 +43,27 @@ ViewWidget::ViewWidget(Game& game, QWidget* parent) : QFrame(parent), game_(game
   frameRate_->setMinimumWidth(60);
   frameRate_->setStyleSheet("color: white; background: transparent;");
   frameRate_->hide();
+
+  notice_ = new QLabel(this);
+  notice_->setObjectName("lblNotice");
+  notice_->setAlignment(Qt::AlignCenter);
+  notice_->setStyleSheet(
+      "color: white; background: rgba(0, 0, 0, 170); padding: 6px; font-weight: bold;");
+  notice_->hide();
+  noticeTimer_ = new QTimer(this);
+  noticeTimer_->setSingleShot(true);
+  connect(noticeTimer_, &QTimer::timeout, notice_, &QLabel::hide);
+}
+
+void ViewWidget::ShowNotice(const QString& text) {
+  constexpr int kNoticeMs = 6000;
+  notice_->setText(text);
+  notice_->adjustSize();
+  const QRect inner = contentsRect();
+  notice_->move(inner.left() + (inner.width() - notice_->width()) / 2, inner.top() + 40);
+  notice_->show();
+  notice_->raise();
+  noticeTimer_->start(kNoticeMs);
 }
 
 int ViewWidget::SquareOfClick(double pos, int innerSize) {

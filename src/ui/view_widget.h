@@ -12,6 +12,7 @@
 
 class QLabel;
 class QPushButton;
+class QTimer;
 
 namespace varkesh {
 
@@ -29,6 +30,10 @@ class ViewWidget : public QFrame {
   bool Seen() const;
   // The inner area in the screen's own pixels.
   QSize DevicePixels() const;
+
+  // A line over the top of the board that goes by itself after a while.
+  void ShowNotice(const QString& text);
+  QLabel& NoticeLabel() { return *notice_; }
 
   QPushButton& PauseButton() { return *pause_; }
   QLabel& FrameRateLabel() { return *frameRate_; }
@@ -61,6 +66,8 @@ class ViewWidget : public QFrame {
   std::function<const QImage&()> screen_;
   QPushButton* pause_ = nullptr;
   QLabel* frameRate_ = nullptr;
+  QLabel* notice_ = nullptr;
+  QTimer* noticeTimer_ = nullptr;
 };
 
 }  // namespace varkesh
