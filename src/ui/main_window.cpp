@@ -16,8 +16,10 @@
 #include "ui/connect_dialog.h"
 #include "ui/dialog_placement.h"
 #include "ui/fitting_label.h"
+#include "ui/move_list.h"
 #include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
+#include "ui/record_commands.h"
 #include "ui/view_widget.h"
 #include "ui/window_layout.h"
 
@@ -64,6 +66,8 @@ MainWindow::MainWindow(Game& game, const DesktopServices& services)
   turn_ = NamedLabel("lblTurn", Qt::AlignLeft, inner);
   piece_ = NamedLabel("lblPiece", Qt::AlignRight, inner);
   view_ = new ViewWidget(game, inner);
+  moveList_ = new MoveListView(game, inner);
+  records_ = std::make_unique<RecordCommands>(game, *outside_, *this, *moveList_);
   inner->installEventFilter(this);
 
   BuildMenus();
@@ -77,7 +81,8 @@ void MainWindow::PlaceOnScreen() {
   // Inside the area the desktop leaves free (panels and docks aside), title
   // bar included, on a screen of any size.
   const QRect area = screen()->availableGeometry();
-  const int width = std::min(kStartWidth, area.width() - kFrameAllowance);
+  const int wanted = kStartWidth + (records_->ListShown() ? MoveListView::kWidth : 0);
+  const int width = std::min(wanted, area.width() - kFrameAllowance);
   const int height = std::min(kStartHeight, area.height() - kTitleAllowance);
   resize(std::max(width, kSmallestInnerWidth), std::max(height, kSmallestInnerHeight));
   const int spare = area.height() - height - kTitleAllowance;
@@ -158,6 +163,8 @@ void MainWindow::BuildGameMenu() {
                                       [this] { LoadGameCommand(game_, *outside_); });
   menus_[Menu::GameSave] = AddCommand(menu, "mnuGameSave", "&Save Game", Qt::CTRL | Qt::Key_S,
                                       [this] { SaveGameCommand(game_, *outside_); });
+  menu->addSeparator()->setObjectName("mnuGameUL2");
+  records_->AddGameEntries(menu);
   menu->addSeparator()->setObjectName("mnuGameUL3");
   connect(AddEntry(menu, "mnuGameExit", "E&xit"), &QAction::triggered, this, &QWidget::close);
 }
@@ -219,6 +226,7 @@ void MainWindow::BuildOptionsMenu() {
   connect(menus_[Menu::OptionIndicator], &QAction::triggered, this,
           [this] { game_.view.boardChanged = true; });
 
+  records_->AddOptionsEntries(menu);
   menu->addSeparator()->setObjectName("mnuOptionsUL1");
   auto* history = new QActionGroup(this);
   history->setExclusive(true);
@@ -324,14 +332,18 @@ void MainWindow::LayOutInnerArea() {
   Guarded(*outside_, kModule, "Form.Resize", [this] {
     if (isMinimized()) return;
     const QSize inner = centralWidget()->size();
+    // The move list takes its width at the right; the rest is laid out as ever.
+    const int listWidth = records_->ListShown() ? MoveListView::kWidth : 0;
     const auto layout =
-        LayOutWindow(inner.width(), inner.height(), gameDescription_->fontMetrics().height(),
-                     turn_->fontMetrics().height());
+        LayOutWindow(inner.width() - listWidth, inner.height(),
+                     gameDescription_->fontMetrics().height(), turn_->fontMetrics().height());
     if (!layout) return;
     gameDescription_->setGeometry(layout->gameDescription);
     turn_->setGeometry(layout->turn);
     piece_->setGeometry(layout->piece);
     view_->setGeometry(layout->view);
+    moveList_->setGeometry(inner.width() - listWidth, layout->view.top(), listWidth,
+                           layout->view.height());
   });
 }
 

@@ -19,7 +19,9 @@ class QMenu;
 
 namespace varkesh {
 
+class MoveListView;
 class NetPlaySession;
+class RecordCommands;
 class ViewWidget;
 
 // The chapters of the local help that stand in for the game's web pages
@@ -69,6 +71,11 @@ class MainWindow : public QMainWindow {
   // loop does not advance inside an event.
   bool CommandRunning() const { return commandDepth_ > 0; }
 
+  MoveListView& moveList() { return *moveList_; }
+  RecordCommands& recordCommands() { return *records_; }
+  // Places the labels, the board view and the move list in the inner area.
+  void LayOutInnerArea();
+
   // The open NetPlay session, or null.
   NetPlaySession* netPlay() { return netPlay_.get(); }
   // As the program ends: the session closes without a question.
@@ -94,7 +101,6 @@ class MainWindow : public QMainWindow {
   // held while it runs.
   QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
                       const QKeySequence& key, std::function<void()> body);
-  void LayOutInnerArea();
   // The connect dialog for role 1 (host) or 3 (client), then the session.
   void OpenNetPlay(int role);
 
@@ -105,6 +111,8 @@ class MainWindow : public QMainWindow {
   QLabel* turn_ = nullptr;
   QLabel* piece_ = nullptr;
   ViewWidget* view_ = nullptr;
+  MoveListView* moveList_ = nullptr;
+  std::unique_ptr<RecordCommands> records_;
   std::map<Menu, QAction*> menus_;
   std::map<TurnChoice, QAction*> turnEntries_;
   TurnChoice chosenTurn_ = TurnChoice::Unchosen;

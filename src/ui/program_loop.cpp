@@ -6,6 +6,7 @@
 #include "flow/save_load.h"
 #include "ui/board_view.h"
 #include "ui/main_window.h"
+#include "ui/move_list.h"
 #include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
 #include "ui/startup.h"
@@ -64,7 +65,11 @@ void ProgramLoop::Tick() {
     NetPlaySession* netPlay = window.netPlay();
     if (netPlay != nullptr && netPlay->IsOpen()) net::ServeGameQueue(netPlay->node());
     fit_.Update(program_);
-    RunPass(game, window.outside(), *program_.view);
+    // While the move list shows an earlier position, the game waits.
+    if (window.moveList().Browsing())
+      window.moveList().DrawBrowsed(*program_.view);
+    else
+      RunPass(game, window.outside(), *program_.view);
   }
   window.view().SyncPauseCaption();
   if (game.turn.quitRequested) {

@@ -2,7 +2,6 @@
 // picks its pawn option in a hostile keep.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -93,71 +92,68 @@ TEST(CarryOutAImove, AKingdomJustGainedIsNotRaided) {
   EXPECT_EQ(HeldBy(game, kWhite), (Prisoners{{kBlack, kKing}}));
 }
 
-// The first piece is a pawn of the team on turn, in the moat before the keep
-// square (toX, toY) that it enters.
-std::pair<Game, Sounds> RaidKeep(int gameType, int toX, int toY,
-                                 const std::vector<test::Placed>& pieces,
-                                 const Prisoners& blacksPrisoners = {}) {
-  Game game = test::EmptyGame(gameType, pieces);
-  for (const DungeonPiece& prisoner : blacksPrisoners)
-    game.match.position.dungeons[kBlack - 1].prisoners.Add(prisoner);
-  game.match.position.currentTeam = pieces.front().team;
-  ScriptedOutside outside;
-  Play(game, outside, pieces.front().x, pieces.front().y, toX, toY);
-  outside.sounds.erase(outside.sounds.begin());  // the step's own
-  return {game, outside.sounds};
-}
+// A pawn of the computer steps from a moat into a hostile keep; its pawn
+// option is chosen by the fixed order: first take, then free.
+struct KeepRaid {
+  const char* name;
+  int gameType;
+  test::Placed pawn;
+  BoardSquare to;
+  std::vector<test::Placed> others;
+  Prisoners blacksPrisoners;
+  int pieceAfter;     // on the keep square: kNoPiece when the pawn is spent
+  BoardSquare taken;  // emptied by the capture; (0, 0) for none
+  int moversPrisoners, blacksPrisonersAfter;
+  Sounds sounds;  // after the step's own
+};
 
-constexpr test::Placed kBeforeBlacksKeep{8, 3, kWhite, kPawn};
+constexpr test::Placed kWhitePawn{8, 3, kWhite, kPawn};  // before Black's keep
 
-TEST(ComputerPawnOption, TakesTheOwnersPieceInTheFixedOrder) {
-  const auto [queen, queenSounds] =
-      RaidKeep(kAnarchy, 8, 2, {kBeforeBlacksKeep, {7, 1, kBlack, kRook}, {9, 2, kBlack, kQueen}});
-  EXPECT_EQ(queen.match.position.board.at(8, 2).piece, kNoPiece);  // the pawn is spent
-  EXPECT_EQ(queen.match.position.board.at(9, 2).piece, kNoPiece);
-  EXPECT_EQ(HeldBy(queen, kWhite), (Prisoners{{kBlack, kQueen}}));
-  EXPECT_EQ(queenSounds, Sounds{"sfx_capturequeen"});
+// clang-format off
+const KeepRaid kRaids[] = {
+  {"the Queen before the Rook", kAnarchy, kWhitePawn, {8, 2},
+   {{7, 1, kBlack, kRook}, {9, 2, kBlack, kQueen}}, {}, kNoPiece, {9, 2}, 1, 0, {"sfx_capturequeen"}},
+  {"lowest row, then lowest column", kAnarchy, kWhitePawn, {8, 2},
+   {{9, 1, kBlack, kKnight}, {7, 1, kBlack, kKnight}, {8, 0, kBlack, kKnight}}, {}, kNoPiece,
+   {8, 0}, 1, 0, {"sfx_capturequeen"}},
+  {"no guest, frozen piece or King", kAnarchy, kWhitePawn, {8, 2},
+   {{7, 1, kRed, kRook}, {9, 1, kBlack, -kQueen}, {8, 1, kBlack, kKing}}, {}, kPawn, {}, 0, 0, {}},
+  {"Blue's keep", kAnarchy, {3, 8, kBlack, kPawn}, {2, 8}, {{0, 8, kBlue, kQueen}}, {}, kNoPiece,
+   {0, 8}, 1, 1, {"sfx_capturequeen"}},
+  {"Red's keep", kAnarchy, {13, 8, kBlack, kPawn}, {14, 8}, {{16, 8, kRed, kQueen}}, {}, kNoPiece,
+   {16, 8}, 1, 1, {"sfx_capturequeen"}},
+  {"White's keep", kAnarchy, {8, 13, kBlack, kPawn}, {8, 14}, {{8, 16, kWhite, kQueen}}, {},
+   kNoPiece, {8, 16}, 1, 1, {"sfx_capturequeen"}},
+  {"frees the Bishop, not the King", kAnarchy, kWhitePawn, {8, 2}, {{8, 1, kBlack, kKing}},
+   {{kWhite, kRook}, {kWhite, kKing}, {kWhite, kBishop}}, kBishop, {}, 0, 2, {"sfx_newgame"}},
+  {"no ally's prisoner", kAlliedNeighbors, kWhitePawn, {8, 2}, {},
+   {{kBlue, kBishop}, {kWhite, kKing}}, kPawn, {}, 0, 2, {}},
+};
+// clang-format on
 
-  const Game knights = RaidKeep(kAnarchy, 8, 2,
-                                {kBeforeBlacksKeep,
-                                 {9, 1, kBlack, kKnight},
-                                 {7, 1, kBlack, kKnight},
-                                 {8, 0, kBlack, kKnight}})
-                           .first;
-  EXPECT_EQ(knights.match.position.board.at(8, 0).piece, kNoPiece)
-      << "lowest row, then lowest column";
-
-  // A guest or a frozen piece is no target, nor is the King.
-  const auto [none, noSounds] = RaidKeep(
-      kAnarchy, 8, 2,
-      {kBeforeBlacksKeep, {7, 1, kRed, kRook}, {9, 1, kBlack, -kQueen}, {8, 1, kBlack, kKing}});
-  EXPECT_EQ(none.match.position.board.at(8, 2).piece, kPawn);
-  EXPECT_TRUE(noSounds.empty());
-
-  for (auto [x, y, toX, queenX, queenY, owner] :
-       {std::array{3, 8, 2, 0, 8, kBlue}, {13, 8, 14, 16, 8, kRed}}) {
-    const Game side =
-        RaidKeep(kAnarchy, toX, y, {{x, y, kBlack, kPawn}, {queenX, queenY, owner, kQueen}}).first;
-    EXPECT_EQ(side.match.position.board.at(queenX, queenY).piece, kNoPiece) << owner;
+TEST(ComputerPawnOption, TakesThenFreesInTheFixedOrder) {
+  for (const KeepRaid& r : kRaids) {
+    std::vector<test::Placed> pieces = r.others;
+    pieces.push_back(r.pawn);
+    Game game = test::EmptyGame(r.gameType, pieces);
+    for (const DungeonPiece& prisoner : r.blacksPrisoners)
+      game.match.position.dungeons[kBlack - 1].prisoners.Add(prisoner);
+    game.match.position.currentTeam = r.pawn.team;
+    ScriptedOutside outside;
+    Play(game, outside, r.pawn.x, r.pawn.y, r.to.x, r.to.y);
+    const Board& board = game.match.position.board;
+    EXPECT_EQ(board.at(r.to.x, r.to.y).piece, r.pieceAfter) << r.name;
+    EXPECT_EQ(board.at(r.to.x, r.to.y).team, r.pieceAfter ? r.pawn.team : kNoTeam) << r.name;
+    if (r.taken != BoardSquare{}) {
+      EXPECT_EQ(board.at(r.taken.x, r.taken.y).piece, kNoPiece) << r.name;
+    }
+    EXPECT_EQ(HeldBy(game, r.pawn.team).size(), static_cast<std::size_t>(r.moversPrisoners))
+        << r.name;
+    EXPECT_EQ(HeldBy(game, kBlack).size(), static_cast<std::size_t>(r.blacksPrisonersAfter))
+        << r.name;
+    outside.sounds.erase(outside.sounds.begin());
+    EXPECT_EQ(outside.sounds, r.sounds) << r.name;
   }
-  const Game white =
-      RaidKeep(kAnarchy, 8, 14, {{8, 13, kBlack, kPawn}, {8, 16, kWhite, kQueen}}).first;
-  EXPECT_EQ(white.match.position.board.at(8, 16).piece, kNoPiece);
-}
-
-TEST(ComputerPawnOption, OtherwiseFreesTheMoversPrisonerInTheFixedOrder) {
-  const auto [bishop, bishopSounds] =
-      RaidKeep(kAnarchy, 8, 2, {kBeforeBlacksKeep, {8, 1, kBlack, kKing}},
-               {{kWhite, kRook}, {kWhite, kKing}, {kWhite, kBishop}});
-  EXPECT_EQ(bishop.match.position.board.at(8, 2), (Square{kWhite, kBishop, kKeep, kBlack}));
-  EXPECT_EQ(HeldBy(bishop, kBlack), (Prisoners{{kWhite, kRook}, {kWhite, kKing}}));
-  EXPECT_EQ(bishopSounds, Sounds{"sfx_newgame"});
-
-  const Game ally =
-      RaidKeep(kAlliedNeighbors, 8, 2, {kBeforeBlacksKeep}, {{kBlue, kBishop}, {kWhite, kKing}})
-          .first;
-  EXPECT_EQ(ally.match.position.board.at(8, 2).piece, kPawn);
-  EXPECT_EQ(HeldBy(ally, kBlack).size(), 2u);
 }
 
 }  // namespace

@@ -2,12 +2,14 @@
 // and rule, every personality on every side. Each must play exactly as the
 // program always has: the winners, the rounds and the moves below are those
 // of the program before its state became plain values, and a single move
-// chosen otherwise would change them. Every pass leaves the board sound.
+// chosen otherwise would change them. Every pass leaves the board sound, and
+// the record replays to the same end.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
 
+#include "core/record.h"
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
 #include "support/scripted_outside.h"
@@ -84,8 +86,11 @@ TEST(SelfPlay, SeededGamesPlayAsTheyAlwaysHave) {
     EXPECT_EQ(game.match.position.coWinner, expected.coWinner);
     EXPECT_EQ(game.match.position.roundNumber, expected.rounds);
     EXPECT_EQ(moves, expected.moves);
-    EXPECT_EQ(static_cast<int>(game.match.record.events.size()), expected.moves)
-        << "every move is in the record";
+    const Record& record = game.match.record;
+    EXPECT_EQ(static_cast<int>(record.events.size()), expected.moves);
+    Position replayed;
+    EXPECT_EQ(Replay(record, expected.moves, replayed), expected.moves);
+    EXPECT_TRUE(replayed == game.match.position) << "the record replays to the end as played";
   }
 }
 

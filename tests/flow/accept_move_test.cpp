@@ -103,26 +103,20 @@ TEST_F(HumanTurnTest, ClicksOnAnotherMachinesSeatAreDropped) {
   EXPECT_FALSE(outside.IsMenuEnabled(Menu::Resign));
 }
 
-TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
-  Put(8, 16, kWhite, kCastlePawn);  // King and Castle Pawn change places
-  PlayMove(8, 15, 8, 16);
-  EXPECT_EQ(At(8, 16).piece, kKing);
-  EXPECT_EQ(At(8, 15).piece, kCastlePawn);
-  Put(4, 6, kWhite, kPawn);  // a pawn goes to no dungeon
+// What each move does to the board the rules' own tests tell; here, what the
+// player hears of it and where the turn goes next.
+TEST_F(HumanTurnTest, EachKindOfMoveHasItsSoundAndTheTurnGoesRound) {
+  Put(8, 16, kWhite, kCastlePawn);
+  PlayMove(8, 15, 8, 16);    // the castle move
+  Put(4, 6, kWhite, kPawn);  // a Pawn taken
   PlayMove(2, 6, 4, 6);
-  EXPECT_EQ(Pos().dungeons[kBlue - 1].PrisonerCount(), 0);
-  EXPECT_EQ(Pos().history[0], (HistoryMove{2, 6, 4, 6, kBlue, true}));
-  Put(8, 4, kWhite, kBishop);  // other pieces are kept
+  Put(8, 4, kWhite, kBishop);  // another piece taken
   PlayMove(8, 2, 8, 4);
-  EXPECT_EQ(LastPrisoner(kBlack), (DungeonPiece{kWhite, kBishop}));
-  Put(12, 8, kBlack, kCastlePawn);  // taking a Castle Pawn ends the taker's castle move
+  Put(12, 8, kBlack, kCastlePawn);
   PlayMove(14, 8, 12, 8);
-  EXPECT_EQ(Pos().castleRight, (PerTeam<bool>{false, true, true, false}));
-  Put(8, 1, kNoTeam, kNoPiece);  // a King: its kingdom falls to the taker
+  Put(8, 1, kNoTeam, kNoPiece);  // a King taken
   Put(8, 12, kBlack, kKing);
   PlayMove(8, 8, 8, 12);
-  EXPECT_EQ(LastPrisoner(kWhite), (DungeonPiece{kBlack, kKing}));
-  EXPECT_EQ(At(6, 2).team, kWhite);
   EXPECT_EQ(outside.sounds,
             (std::vector<std::string>{"sfx_click", "sfx_capture", "sfx_capturequeen", "sfx_capture",
                                       "sfx_captureking"}));
@@ -132,7 +126,7 @@ TEST_F(HumanTurnTest, TheCastleMoveCapturesOfEachKindAndTheTurnGoingRound) {
   PlayMove(14, 6, 12, 6);
   EXPECT_EQ(outside.turnLabel, "3rd Round, White Player (Balanced)");
   EXPECT_EQ(game.turn.gameMode, ModeComputerThinks);
-  EXPECT_EQ(game.match.record.events.size(), 7u);
+  EXPECT_EQ(game.match.record.events.size(), 7u) << "every move was played";
 }
 
 TEST(TurnLabelTest, CountsRoundsInOrdinals) {

@@ -8,38 +8,14 @@
 #include "flow/save_load.h"
 #include "flow_fixture.h"
 #include "persist/file_coder.h"
-#include "persist/game_text.h"
+#include "persist/sample_game.h"
 
 namespace varkesh::testing {
 namespace {
 
-// A game in the middle of play, with what a saved game must carry:
-// prisoners, a frozen kingdom, history and every kind of seat. White has
-// fallen under Kingdom Frozen; Black, a human, is on turn.
 Game SampleGame() {
   Game game;
-  Match& match = game.match;
-  match.position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  match.setup = {"Friday", {kHuman, kAggressive, kHuman, kDefensive}};
-  Position& p = match.position;
-  p.gameType = kAnarchy;
-  p.kingCaptureRule = kKingdomFrozen;
-  p.roundNumber = 7;
-  p.currentTeam = kBlack;
-  p.castleRight = {false, true, true, false};
-  p.kingdomFallen = {true, false, false, false};
-  for (Square& square : p.board.squares) {
-    if (square.team == kWhite && square.piece == kKing) square.team = square.piece = 0;
-    if (square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
-    if (square.realm == kWhite) square.realm = kNoTeam;
-  }
-  p.dungeons[kBlack - 1].prisoners.Add({kWhite, kKing});
-  p.dungeons[kBlack - 1].prisoners.Add({kBlue, kQueen});
-  p.dungeons[kRed - 1].prisoners.Add({kBlack, kRook});
-  p.history[0] = {8, 3, 8, 5, kBlack, true};
-  p.history[1] = {3, 8, 5, 8, kBlue, false};
-  p.Refresh();
-  match.BeginRecord();
+  game.match = SampleMatch();
   return game;
 }
 

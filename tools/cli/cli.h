@@ -62,5 +62,7 @@ int CmdSelfplay(const Args& args);
 int CmdPerft(const Args& args);
 int CmdHost(const Args& args);
 int CmdJoin(const Args& args);
+int CmdRecord(const Args& args);
+int CmdReplay(const Args& args);
 
 }  // namespace varkesh::cli

@@ -3,12 +3,15 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "cli.h"
 #include "flow/main_loop.h"
 #include "flow/new_game.h"
 #include "load_for_play.h"
+#include "record_file.h"
 
 namespace varkesh::cli {
 
@@ -16,10 +19,12 @@ namespace {
 
 constexpr const char* kUsage =
     "selfplay [--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]\n"
+    "         [--records DIR]\n"
     "  Plays N whole games (10) of computer seats, personalities 1 to 3, through the main\n"
     "  loop. Game g plays with seed S+g-1 (S is 1); its type, rule and players, unless\n"
     "  given, are drawn from that seed. A game still running after M rounds (500) is\n"
-    "  unfinished. One line a game, then three lines of summary:\n"
+    "  unfinished. With --records, game G's record goes to DIR/game-G.vrec.\n"
+    "  One line a game, then three lines of summary:\n"
     "    game G seed S type T rule R players a,b,c,d won|unfinished winner TEAM|none"
     " cowinner TEAM|none rounds R moves M seconds X\n"
     "    summary games N won W unfinished U average-rounds X games-per-second X\n"
@@ -33,6 +38,7 @@ struct Settings {
   int rule = 0;
   PerTeam<int> players{};  // all 0: drawn for each game
   int maxRounds = 500;
+  std::string recordsDir;  // empty: no records written
 };
 
 struct Result {
@@ -45,8 +51,8 @@ struct Result {
 };
 
 Settings ParseSettings(const Args& args) {
-  const Options options =
-      ParseOptions(args, {"games", "seed", "type", "rule", "players", "max-rounds"}, {}, kUsage);
+  const Options options = ParseOptions(
+      args, {"games", "seed", "type", "rule", "players", "max-rounds", "records"}, {}, kUsage);
   if (!options.positional.empty()) Usage(kUsage);
   Settings settings;
   if (options.Has("games"))
@@ -60,6 +66,8 @@ Settings ParseSettings(const Args& args) {
     settings.players = ParsePlayers(options.Value("players"), kAggressive, kUsage);
   if (options.Has("max-rounds"))
     settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000, kUsage);
+  settings.recordsDir = options.Value("records");
+  if (options.Has("records") && !std::filesystem::is_directory(settings.recordsDir)) Usage(kUsage);
   return settings;
 }
 
@@ -80,8 +88,19 @@ bool ComputerOnTurn(const Game& game) {
   return game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves;
 }
 
+void WriteRecord(const Game& game, const std::string& path) {
+  GameRecord record;
+  record.setup = game.match.setup;
+  record.date = RecordDateToday();
+  record.record = game.match.record;
+  const std::optional<Board> standard = StandardStartBoard();
+  const std::string text = RecordText(record, standard ? &*standard : nullptr, path);
+  std::ofstream file(path, std::ios::binary);
+  if (!(file << text)) BadInput("varkesh-cli: cannot write " + path);
+}
+
 Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
-                int maxRounds) {
+                int maxRounds, const std::string& recordPath) {
   const auto start = std::chrono::steady_clock::now();
   outside.newGameChoices.push_back(choice);
   Game game;
@@ -94,6 +113,7 @@ Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t
     RunPass(game, outside, headless);
   }
   FailOnReportedFault(outside);
+  if (!recordPath.empty()) WriteRecord(game, recordPath);
   result.won = game.turn.gameMode == ModeVictorySetUp;
   result.winner = result.won ? game.match.position.winner : kNoTeam;
   result.coWinner = result.won ? game.match.position.coWinner : kNoTeam;
@@ -121,8 +141,11 @@ int CmdSelfplay(const Args& args) {
   for (int g = 1; g <= settings.games; ++g) {
     const long long gameSeed = static_cast<long long>(settings.seed) + g - 1;
     const NewGameChoice choice = ChoiceFor(settings, static_cast<std::uint64_t>(gameSeed));
-    const Result result =
-        PlayGame(outside, choice, static_cast<std::uint64_t>(gameSeed), settings.maxRounds);
+    const std::string recordPath =
+        settings.recordsDir.empty() ? std::string()
+                                    : settings.recordsDir + "/game-" + std::to_string(g) + ".vrec";
+    const Result result = PlayGame(outside, choice, static_cast<std::uint64_t>(gameSeed),
+                                   settings.maxRounds, recordPath);
     std::printf(
         "game %d seed %lld type %d rule %d players %d,%d,%d,%d %s winner %s cowinner %s rounds %d "
         "moves %d seconds %.3f\n",

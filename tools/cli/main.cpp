@@ -24,6 +24,8 @@ constexpr Command kCommands[] = {
     {"aimove", varkesh::cli::CmdAimove, "FILE [--personality P]"},
     {"selfplay", varkesh::cli::CmdSelfplay,
      "[--games N] [--seed S] [--type T] [--rule R] [--players a,b,c,d] [--max-rounds M]"},
+    {"record", varkesh::cli::CmdRecord, "FILE"},
+    {"replay", varkesh::cli::CmdReplay, "RECORD [--ply N]"},
     {"perft", varkesh::cli::CmdPerft, "FILE DEPTH [--divide]"},
     {"host", varkesh::cli::CmdHost, "[--port P] [--name NAME] [--game FILE]"},
     {"join", varkesh::cli::CmdJoin, "[--address A] [--port P] [--name NAME]"},

@@ -1,0 +1,73 @@
+#include "record_file.h"
+
+#include <sys/stat.h>
+
+#include <ctime>
+#include <stdexcept>
+
+#include "cli.h"
+#include "core/new_game_data.h"
+#include "load_for_play.h"
+#include "persist/file_coder.h"
+
+namespace varkesh::cli {
+
+namespace {
+
+// A saved game keeps no date: the day the file was last written stands for it.
+std::string FileDate(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return "";
+  std::tm parts{};
+  gmtime_r(&status.st_mtime, &parts);
+  char text[16];
+  std::strftime(text, sizeof text, "%Y.%m.%d", &parts);
+  return text;
+}
+
+bool LooksLikeRecord(const std::string& bytes) {
+  const std::size_t first = bytes.find_first_not_of(" \t\r\n");
+  return first != std::string::npos && bytes[first] == '[';
+}
+
+}  // namespace
+
+std::optional<Board> StandardStartBoard() {
+  try {
+    ToolOutside outside;
+    UseToolFolder(outside);
+    return LoadNewGameDataFile(outside.ExtractEntry("newgamedata"));
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+GameRecord ReadRecordFile(const std::string& path, const Board* standardStart) {
+  std::string bytes;
+  try {
+    bytes = ReadFileBytes(path);
+  } catch (const std::runtime_error& error) {
+    BadInput("varkesh-cli: " + path + ": " + error.what());
+  }
+  GameRecord game;
+  if (LooksLikeRecord(bytes)) {
+    if (auto problem = ReadRecordText(bytes, standardStart, game))
+      BadInput("varkesh-cli: " + path + ": " + problem->Text());
+    return game;
+  }
+  const Game saved = ReadGameFile(path);
+  game.setup = saved.match.setup;
+  game.record = saved.match.record;
+  game.date = FileDate(path);
+  return game;
+}
+
+std::string RecordText(const GameRecord& game, const Board* standardStart,
+                       const std::string& what) {
+  std::optional<std::string> text = WriteRecordText(game, standardStart);
+  if (!text)
+    BadInput("varkesh-cli: " + what + ": its start position strays from the board's layout");
+  return *text;
+}
+
+}  // namespace varkesh::cli

@@ -1,0 +1,22 @@
+// What the record commands share: the standard start from the pack, and a
+// record read from a record file or a saved game.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "persist/record_text.h"
+
+namespace varkesh::cli {
+
+// The board a new game starts from, or nothing when the pack cannot be read.
+std::optional<Board> StandardStartBoard();
+
+// A record file, or a saved game (coded or plain) as a record dated by the
+// file. A damaged record is a bad input (exit 1) naming its line and reason.
+GameRecord ReadRecordFile(const std::string& path, const Board* standardStart);
+
+// The text of a record; a start that a record cannot hold is a bad input.
+std::string RecordText(const GameRecord& game, const Board* standardStart, const std::string& what);
+
+}  // namespace varkesh::cli
