@@ -50,7 +50,7 @@ TEST_F(MainWindowTest, OnResizeTheBoardStaysSquareAndGrowsWithTheWindow) {
 
 TEST_F(MainWindowTest, AClickGivesItsButtonAndTheSquareOfTheRoundedPosition) {
   ViewWidget& view = window.view();
-  ASSERT_EQ(view.contentsRect().size(), QSize(600, 600));
+  ASSERT_TRUE(test::SetViewSide(window, 600));
   const QPoint inner = view.contentsRect().topLeft();
   QTest::mouseClick(&view, Qt::RightButton, {}, inner + QPoint(40, 75));
   EXPECT_TRUE(game.view.clickPending && game.view.clickRight && !game.view.clickLeft);

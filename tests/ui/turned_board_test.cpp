@@ -102,10 +102,8 @@ TEST(TurnedBoard, AClickOnTheDrawnSquareOfAPieceSelectsItAtEachTurnAndScale) {
   ASSERT_TRUE(run.Started());
   StartHotSeat(run);
   Game& game = run.game();
-  const QSize normal = run.window().size();
   for (const double scale : {1.0, 2.0}) {
-    const int grow = static_cast<int>(600 * (scale - 1.0));
-    run.window().resize(normal + QSize(grow, grow));
+    ASSERT_TRUE(test::SetViewSide(run.window(), static_cast<int>(600 * scale)));
     ASSERT_TRUE(run.WaitFor([&] { return run.program().gdi->Scale() == scale; }, 3000)) << scale;
     for (int i = 0; i < kTeamCount; ++i) {
       SCOPED_TRACE(testing::Message() << "scale " << scale << ", turned to " << i + 1);

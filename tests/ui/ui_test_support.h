@@ -26,6 +26,18 @@
 
 namespace varkesh::test {
 
+// Resizes the window until the board view's inner area is side pixels square.
+inline bool SetViewSide(MainWindow& window, int side) {
+  return QTest::qWaitFor(
+      [&] {
+        const int now = window.view().contentsRect().width();
+        if (now == side && window.view().contentsRect().height() == side) return true;
+        window.resize(window.size() + QSize(side - now, side - now));
+        return false;
+      },
+      3000);
+}
+
 struct ScriptedDocuments : Documents {
   std::vector<std::string> opened;
   std::vector<std::string> answers;  // of the file dialogs in turn; none left: cancelled
