@@ -72,9 +72,23 @@ grep -q "General Engine Shutdown" "$log" || fail "the game did not shut down cle
 [ -z "$(ls -A "$jail")" ] || fail "the game wrote in the current folder"
 echo "installed programs: run and end cleanly; logs in ~/.local/share/varkesh/logs"
 
-# The Debian package: its contents and, where lintian is installed, its review.
-(cd "$build" && cpack -G DEB >/dev/null)
-deb=$(ls -t "$build"/varkesh_*.deb | head -1)
+# The Debian package. The tools cpack calls must come from packages the
+# set-up script installs: this machine having them by chance proves nothing
+# for a fresh one.
+listed=$(scripts/install-deps.sh --list)
+for tool in file dpkg-shlibdeps dpkg-deb; do
+  path=$(command -v "$tool") || fail "$tool is missing: scripts/install-deps.sh must install it"
+  owner=$(dpkg -S "$(readlink -f "$path")" 2>/dev/null | head -1 | cut -d: -f1) || owner=""
+  [ -n "$owner" ] || owner=$(dpkg -S "$path" 2>/dev/null | head -1 | cut -d: -f1) || true
+  [ -n "$owner" ] || fail "no package owns $path"
+  [ "$owner" = dpkg ] && continue  # essential: on every Debian system
+  grep -qx "$owner" <<<"$listed" || fail "$tool comes from $owner, which scripts/install-deps.sh does not install"
+done
+rm -f "$build"/varkesh_*.deb
+(cd "$build" && cpack -G DEB >/dev/null) || fail "cpack -G DEB failed"
+deb=$(ls -t "$build"/varkesh_*.deb 2>/dev/null | head -1)
+[ -n "$deb" ] || fail "cpack made no package"
+# Its contents and, where lintian is installed, its review.
 dpkg-deb --contents "$deb" | awk '{print $6}' >"$work/contents.txt"
 for file in ./usr/bin/varkesh ./usr/bin/varkesh-cli ./usr/share/varkesh/r.opk \
     ./usr/share/applications/varkesh.desktop ./usr/share/mime/packages/varkesh.xml; do

@@ -1,22 +1,24 @@
 #!/usr/bin/env bash
 # Measures how much of one core the game takes while nothing happens:
-# the title screen, a human pondering (strobe and hints on), a paused game of
-# computer seats, and a minimised window. Needs Xvfb, xdotool and
+# the title screen, a human pondering (strobe and hints on) at scale 1 and at
+# scale 2 (QT_SCALE_FACTOR=2), a paused game of computer seats, and a
+# minimised window. Needs Xvfb, xdotool and
 # openbox (a window manager that minimises as desktops do).
 #   scripts/idle-cpu.sh BIN_DIR [SECONDS [SCENARIO...]]
 # BIN_DIR holds varkesh and varkesh-cli (a build's bin or an installed bin);
-# the scenarios are title, pondering, paused and minimised, all by default.
+# the scenarios are title, pondering, pondering-x2, paused and minimised,
+# all by default.
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 seconds=${2:-20}
 scenarios=" ${*:3} "
-[ "$scenarios" = "  " ] && scenarios=" title pondering paused minimised "
+[ "$scenarios" = "  " ] && scenarios=" title pondering pondering-x2 paused minimised "
 wanted() { [[ "$scenarios" == *" $1 "* ]]; }
 work=$(mktemp -d)
 trap 'kill "${game:-0}" "${wm:-0}" "${xvfb:-0}" 2>/dev/null || true; rm -rf "$work"' EXIT
 
 export DISPLAY=:57
-Xvfb "$DISPLAY" -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+Xvfb "$DISPLAY" -screen 0 2560x1600x24 -nolisten tcp >/dev/null 2>&1 &
 xvfb=$!
 sleep 1
 openbox >/dev/null 2>&1 &
@@ -68,6 +70,13 @@ if wanted pondering; then
   start_game "$work/humans.vsh"
   sleep 10  # the hint appears after ten seconds of thought
   echo "pondering: $(measure)%"
+  stop_game
+fi
+
+if wanted pondering-x2; then
+  QT_SCALE_FACTOR=2 start_game "$work/humans.vsh"
+  sleep 10
+  echo "pondering at scale 2: $(measure)%"
   stop_game
 fi
 

@@ -1,9 +1,17 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building, running and testing need,
-# skipping the ones already there.
+# Installs the Debian packages that building, running, testing and making
+# the Debian package need, skipping the ones already there.
+#   scripts/install-deps.sh [--list] [MORE_PACKAGES...]
+# --list only prints the packages it would see to.
 set -euo pipefail
+# file and dpkg-dev: cpack -G DEB calls file and dpkg-shlibdeps.
 packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-multimedia-dev
-          libgtest-dev libbenchmark-dev zlib1g-dev fonts-dejavu-core)
+          libgtest-dev libbenchmark-dev zlib1g-dev fonts-dejavu-core file dpkg-dev)
+if [ "${1:-}" = "--list" ]; then
+  shift
+  printf '%s\n' "${packages[@]}" "$@"
+  exit 0
+fi
 packages+=("$@")
 missing=()
 for p in "${packages[@]}"; do

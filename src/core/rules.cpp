@@ -1,5 +1,7 @@
 #include "core/rules.h"
 
+#include <type_traits>
+
 #include "core/apply_move.h"
 #include "core/pawn_options.h"
 #include "core/piece_moves.h"
@@ -8,16 +10,25 @@ namespace varkesh {
 
 namespace {
 
-// Calls each(from, to), square indexes, once for every move of the team on
-// turn, in the order the rules list them.
+// Calls each(from, to, mayRaid), square indexes, once for every move of the
+// team on turn, in the order the rules list them. mayRaid, a compile-time
+// bool, says whether the piece is a pawn that may open the pawn options on
+// entering a keep: the other pieces skip that test on every destination.
 template <class Each>
 void ForEachMove(const Position& position, Each&& each) {
   if (position.Finished()) return;
   const int team = TeamIndex(position.currentTeam);
   if (team < 0) return;
   position.pieces[static_cast<std::size_t>(team)].ForEach([&](int from) {
-    if (position.board.squares[static_cast<std::size_t>(from)].piece != kKing) {
-      ForEachDestination(position, from, [&each, from](int to) { each(from, to); });
+    const int piece = position.board.squares[static_cast<std::size_t>(from)].piece;
+    if (piece == kPawn || piece == kCastlePawn) {
+      ForEachDestination(position, from,
+                         [&each, from](int to) { each(from, to, std::true_type{}); });
+      return;
+    }
+    if (piece != kKing) {
+      ForEachDestination(position, from,
+                         [&each, from](int to) { each(from, to, std::false_type{}); });
       return;
     }
     // Only the King's castle corner can come twice: next to it, and as the
@@ -28,7 +39,7 @@ void ForEachMove(const Position& position, Each&& each) {
       for (int k = 0; k < seenCount; ++k)
         if (seen[k] == to) return;
       if (seenCount <= kDirections) seen[seenCount++] = to;
-      each(from, to);
+      each(from, to, std::false_type{});
     });
   });
 }
@@ -37,27 +48,30 @@ Move MoveBetween(int from, int to, int option = kOptionNone) {
   return Move::Of(SquareX(from), SquareY(from), SquareX(to), SquareY(to), option);
 }
 
-// Whether a move of this piece to that square may open the pawn options.
-bool MayOpenPawnOptions(const Position& position, int from, int to) {
-  const int piece = position.board.squares[static_cast<std::size_t>(from)].piece;
-  return (piece == kPawn || piece == kCastlePawn) &&
-         position.board.squares[static_cast<std::size_t>(to)].terrain == kKeep;
+// How many lines the pawn options of a pawn's move have; 0 off the keeps.
+template <class MayRaid>
+int RaidLines(const Position& position, int from, int to, MayRaid) {
+  if constexpr (!MayRaid::value) {
+    return 0;
+  } else {
+    if (position.board.squares[static_cast<std::size_t>(to)].terrain != kKeep) return 0;
+    return PawnOptionLinesOfMove(position, from, to);
+  }
 }
 
 }  // namespace
 
 void ListMoves(const Position& position, MoveList& moves) {
   moves.Clear();
-  ForEachMove(position, [&](int from, int to) { moves.Add(MoveBetween(from, to)); });
+  ForEachMove(position, [&](int from, int to, auto) { moves.Add(MoveBetween(from, to)); });
 }
 
 // A move that opens the options with N lines gives N + 1 branches (each
 // line, then the dialog closed); one that opens them with none gives one.
 void ListBranches(const Position& position, MoveList& moves) {
   moves.Clear();
-  ForEachMove(position, [&](int from, int to) {
-    const int lines =
-        MayOpenPawnOptions(position, from, to) ? PawnOptionLinesOfMove(position, from, to) : 0;
+  ForEachMove(position, [&](int from, int to, auto mayRaid) {
+    const int lines = RaidLines(position, from, to, mayRaid);
     if (lines == 0) return moves.Add(MoveBetween(from, to));
     for (int line = 0; line < lines; ++line) moves.Add(MoveBetween(from, to, line));
     moves.Add(MoveBetween(from, to, kOptionClosed));
@@ -66,12 +80,8 @@ void ListBranches(const Position& position, MoveList& moves) {
 
 int CountBranches(const Position& position) {
   int count = 0;
-  ForEachMove(position, [&](int from, int to) {
-    if (!MayOpenPawnOptions(position, from, to)) {
-      ++count;
-      return;
-    }
-    const int lines = PawnOptionLinesOfMove(position, from, to);
+  ForEachMove(position, [&](int from, int to, auto mayRaid) {
+    const int lines = RaidLines(position, from, to, mayRaid);
     count += lines == 0 ? 1 : lines + 1;
   });
   return count;

@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <sstream>
 #include <utility>
@@ -37,11 +38,12 @@ QPainter::CompositionMode ModeOf(RasterOp op) {
   return QPainter::CompositionMode_Source;
 }
 
-QFont FontOf(const FontDescription& description) {
+QFont FontOf(const FontDescription& description, double scale) {
   QFont font(QString::fromStdString(description.name));
   // A family that is not installed falls back to a plain sans serif.
   font.setStyleHint(QFont::SansSerif);
-  font.setPixelSize(static_cast<int>(description.size * kPixelsPerPoint + 0.5));
+  font.setPixelSize(
+      std::max(1, static_cast<int>(description.size * kPixelsPerPoint * scale + 0.5)));
   font.setBold(description.bold);
   font.setItalic(description.italic);
   font.setUnderline(description.underline);
@@ -88,6 +90,35 @@ PicNum Gdi::NewPicNum() {
   return pic;
 }
 
+QRect Gdi::Device(int x, int y, int width, int height) const {
+  auto at = [this](int units) { return static_cast<int>(std::lround(units * scale_)); };
+  const int left = at(x);
+  const int top = at(y);
+  return QRect(left, top, at(x + width) - left, at(y + height) - top);
+}
+
+QImage Gdi::Rescaled(const PicRec& rec) const {
+  const QSize size = Device(0, 0, rec.units.width(), rec.units.height()).size();
+  const QImage& from = rec.loaded.isNull() ? rec.image : rec.loaded;
+  if (from.size() == size) return from;
+  return from.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+      .convertToFormat(QImage::Format_RGB32);
+}
+
+void Gdi::SetScale(double scale) {
+  if (scale <= 0.0 || scale == scale_) return;
+  scale_ = scale;
+  for (PicRec& rec : pictures_)
+    if (rec.valid) rec.image = Rescaled(rec);
+  for (ViewRec& view : views_) {
+    const int back = view.backBuffer;
+    if (!IsValid(back)) continue;
+    view.dirty = {0, 0, pictures_[back].image.width(), pictures_[back].image.height()};
+    view.drawn = pictures_[back].image.rect();
+    ++view.draws;
+  }
+}
+
 void Gdi::StoreImage(PicNum pic, QImage image) {
   PicRec& rec = pictures_[pic];
   rec.image = std::move(image);
@@ -102,13 +133,15 @@ void Gdi::CreateWorkspace(PicNum pic, int width, int height) {
   PicRec* rec = Pic(pic);
   if (!rec) return;
   if (rec->valid) ClearPicture(pic);
-  QImage image = TrySurface(
-      [&] { return QImage(std::max(width, 0), std::max(height, 0), QImage::Format_RGB32); });
+  const QSize size = Device(0, 0, std::max(width, 0), std::max(height, 0)).size();
+  QImage image = TrySurface([&] { return QImage(size, QImage::Format_RGB32); });
   if (image.isNull()) {
     Log(1, "ERROR: Failure to get hBITMAP for workspace");
     return;
   }
   image.fill(Qt::black);
+  rec->loaded = QImage();
+  rec->units = QSize(std::max(width, 0), std::max(height, 0));
   StoreImage(pic, std::move(image));
 }
 
@@ -124,13 +157,17 @@ void Gdi::LoadPicture(PicNum pic, const std::string& path) {
     Log(1, "ERROR: Failure to get hBITMAP for file: " + path);
     return;
   }
-  StoreImage(pic, image.convertToFormat(QImage::Format_RGB32));
+  rec->loaded = image.convertToFormat(QImage::Format_RGB32);
+  rec->units = rec->loaded.size();
+  StoreImage(pic, Rescaled(*rec));
 }
 
 void Gdi::ClearPicture(PicNum pic) {
   PicRec* rec = Pic(pic);
   if (!rec) return;
   rec->image = QImage();
+  rec->loaded = QImage();
+  rec->units = QSize();
   rec->valid = false;
   rec->cleared = true;
   Log(2, "Cleared PicNum: " + std::to_string(pic));
@@ -138,12 +175,12 @@ void Gdi::ClearPicture(PicNum pic) {
 
 int Gdi::PictureWidth(PicNum pic) const {
   const PicRec* rec = Pic(pic);
-  return rec ? rec->image.width() : -1;
+  return rec ? rec->units.width() : -1;
 }
 
 int Gdi::PictureHeight(PicNum pic) const {
   const PicRec* rec = Pic(pic);
-  return rec ? rec->image.height() : -1;
+  return rec ? rec->units.height() : -1;
 }
 
 bool Gdi::IsValid(PicNum pic) const {
@@ -165,6 +202,7 @@ void Gdi::GrowDirty(PicNum target, const QRect& area) {
   ViewRec* view = View(pictures_[target].viewNum);
   if (!view) return;
   ++view->draws;
+  view->drawn += area;
   DirtyEdges& dirty = view->dirty;
   dirty.left = std::min(dirty.left, area.left());
   dirty.top = std::min(dirty.top, area.top());
@@ -180,12 +218,54 @@ void Gdi::Blit(PicNum source, int srcX, int srcY, int width, int height, PicNum 
   // A shared copy: painting detaches the target from it, so a blit within
   // one picture reads the pixels as they were before it.
   const QImage sourceImage = from->image;
+  const QRect sourceArea = Device(srcX, srcY, width, height);
+  const QRect targetArea = Device(dstX, dstY, width, height);
   {
     QPainter painter(&to->image);
     painter.setCompositionMode(ModeOf(op));
-    painter.drawImage(QPoint(dstX, dstY), sourceImage, QRect(srcX, srcY, width, height));
+    // Rounding may leave the two a pixel apart at a fractional scale.
+    if (sourceArea.size() == targetArea.size())
+      painter.drawImage(targetArea.topLeft(), sourceImage, sourceArea);
+    else
+      painter.drawImage(targetArea, sourceImage, sourceArea);
   }
-  GrowDirty(target, QRect(dstX, dstY, width, height));
+  GrowDirty(target, targetArea);
+}
+
+void Gdi::TurnedBlit(PicNum source, int srcX, int srcY, int side, PicNum target, int dstX, int dstY,
+                     int quarterTurns) {
+  PicRec* from = Pic(source);
+  PicRec* to = Pic(target);
+  if (!from || !to || !from->valid || !to->valid) return;
+  const QImage sourceImage = from->image;
+  const QRect sourceArea = Device(srcX, srcY, side, side);
+  const QRect targetArea = Device(dstX, dstY, side, side);
+  {
+    QPainter painter(&to->image);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.translate(QRectF(targetArea).center());
+    painter.rotate(90.0 * (((quarterTurns % 4) + 4) % 4));
+    const QRectF centred(-targetArea.width() / 2.0, -targetArea.height() / 2.0, targetArea.width(),
+                         targetArea.height());
+    painter.drawImage(centred, sourceImage, sourceArea);
+  }
+  GrowDirty(target, targetArea);
+}
+
+void Gdi::DrawFrame(PicNum pic, Rgb colour, int x, int y, int width, int height, int lineWidth) {
+  PicRec* rec = Pic(pic);
+  if (!rec || !rec->valid) return;
+  const QRect outer = Device(x, y, width, height);
+  const int line = std::max(1, static_cast<int>(std::lround(lineWidth * scale_)));
+  const QColor ink(colour.red, colour.green, colour.blue);
+  {
+    QPainter painter(&rec->image);
+    painter.fillRect(QRect(outer.left(), outer.top(), outer.width(), line), ink);
+    painter.fillRect(QRect(outer.left(), outer.bottom() + 1 - line, outer.width(), line), ink);
+    painter.fillRect(QRect(outer.left(), outer.top(), line, outer.height()), ink);
+    painter.fillRect(QRect(outer.right() + 1 - line, outer.top(), line, outer.height()), ink);
+  }
+  GrowDirty(pic, outer);
 }
 
 void Gdi::MaskedBlit(PicNum source, int srcX, int srcY, int width, int height, PicNum mask,
@@ -200,6 +280,7 @@ void Gdi::FillPicture(PicNum pic, Rgb colour) {
   rec->image.fill(QColor(colour.red, colour.green, colour.blue));
   if (ViewRec* view = View(rec->viewNum)) {
     view->dirty = {0, 0, rec->image.width(), rec->image.height()};
+    view->drawn = rec->image.rect();
     ++view->draws;
   }
 }
@@ -208,16 +289,17 @@ void Gdi::DrawText(PicNum pic, const FontDescription& font, Rgb colour, int x, i
                    const std::string& text) {
   PicRec* rec = Pic(pic);
   if (!rec || !rec->valid) return;
-  QFont qfont = FontOf(font);
+  QFont qfont = FontOf(font, scale_);
   QFontMetrics metrics(qfont);
   QString qtext = QString::fromStdString(text);
+  const QPoint at = Device(x, y, 0, 0).topLeft();
   {
     QPainter painter(&rec->image);
     painter.setFont(qfont);
     painter.setPen(QColor(colour.red, colour.green, colour.blue));
-    painter.drawText(QPoint(x, y + metrics.ascent()), qtext);
+    painter.drawText(QPoint(at.x(), at.y() + metrics.ascent()), qtext);
   }
-  GrowDirty(pic, QRect(x, y, metrics.horizontalAdvance(qtext), metrics.height()));
+  GrowDirty(pic, QRect(at.x(), at.y(), metrics.horizontalAdvance(qtext), metrics.height()));
 }
 
 double Gdi::FrameRate(int milliseconds) {

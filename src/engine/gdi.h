@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 #include <cstdint>
 #include <deque>
@@ -34,8 +35,8 @@ struct FontDescription {
   bool strikethrough = false;
 };
 
-// The window that shows a view: its inner size, and a request to repaint a
-// region of it from Gdi::ScreenImage.
+// The window that shows a view: its inner size in device pixels, and a
+// request to repaint a region of it (in device pixels) from Gdi::ScreenImage.
 struct ViewWindow {
   std::function<QSize()> innerSize;
   std::function<void(const QRect&)> repaint;
@@ -56,16 +57,22 @@ class Gdi {
   // strobes of types 3 to 5.
   Gdi(GeneralEngine& engine, std::function<double()> clock, Random& random);
 
+  // Pictures are drawn on in units of the art (a board of 600); each is
+  // held at this many device pixels per unit. A new scale scales every
+  // picture once, from the loaded file where there is one.
+  void SetScale(double scale);
+  double Scale() const { return scale_; }
+
   PicNum NewPicNum();
   void CreateWorkspace(PicNum pic, int width, int height);
   void LoadPicture(PicNum pic, const std::string& path);
   void ClearPicture(PicNum pic);
-  // -1 for a number not handed out.
+  // In units of the art; -1 for a number not handed out.
   int PictureWidth(PicNum pic) const;
   int PictureHeight(PicNum pic) const;
   bool IsValid(PicNum pic) const;
   bool IsCleared(PicNum pic) const;
-  // The pixels; a null image for a picture without any. The reference stays
+  // The pixels at the present scale; a null image for a picture without any. The reference stays
   // good until ShutdownGraphics.
   const QImage& Picture(PicNum pic) const;
 
@@ -92,6 +99,11 @@ class Gdi {
   // shows through, a source black outside its shape.
   void MaskedBlit(PicNum source, int srcX, int srcY, int width, int height, PicNum mask, int maskX,
                   int maskY, PicNum target, int dstX, int dstY);
+  // A square area of the source drawn turned by quarter turns clockwise.
+  void TurnedBlit(PicNum source, int srcX, int srcY, int side, PicNum target, int dstX, int dstY,
+                  int quarterTurns);
+  // The outline of a rectangle, lineWidth units wide, inside it.
+  void DrawFrame(PicNum pic, Rgb colour, int x, int y, int width, int height, int lineWidth);
   void FillPicture(PicNum pic, Rgb colour);
   // The text's top left corner at (x, y), on a transparent background.
   void DrawText(PicNum pic, const FontDescription& font, Rgb colour, int x, int y,
@@ -111,6 +123,8 @@ class Gdi {
  private:
   struct PicRec {
     QImage image;
+    QImage loaded;  // the file's pixels at one pixel per unit
+    QSize units;
     bool valid = false;
     bool cleared = false;
     int viewNum = -1;  // the view whose back buffer this is
@@ -119,6 +133,7 @@ class Gdi {
     ViewWindow window;
     PicNum backBuffer = -1;
     DirtyEdges dirty;
+    QRegion drawn;  // the areas drawn on since the last show, in device pixels
     QImage screen;
     QImage lastShown;  // the back buffer as it was last shown
     std::uint64_t draws = 0;
@@ -131,6 +146,9 @@ class Gdi {
   const ViewRec* View(int view) const;
   void StoreImage(PicNum pic, QImage image);
   void GrowDirty(PicNum target, const QRect& area);
+  // An area in units as device pixels of the present scale.
+  QRect Device(int x, int y, int width, int height) const;
+  QImage Rescaled(const PicRec& rec) const;
 
   GeneralEngine& engine_;
   std::function<double()> clock_;
@@ -140,6 +158,7 @@ class Gdi {
   std::deque<ViewRec> views_;
   std::vector<StrobeRec> strobes_;
   QImage none_;
+  double scale_ = 1.0;
 
   bool frameRateStarted_ = false;
   int framesCounted_ = 0;

@@ -1,5 +1,6 @@
 // Views: a back buffer each, shown in a window through its dirty rectangle.
 #include <QPainter>
+#include <QRegion>
 #include <algorithm>
 #include <utility>
 
@@ -9,6 +10,9 @@
 namespace varkesh {
 
 namespace {
+
+// Beyond this many separate areas drawn, they are compared as one.
+constexpr int kMostAreas = 64;
 
 // The smallest rectangle of area that holds every pixel where now and before
 // differ; empty when they agree. Pictures that cannot be compared count as
@@ -45,6 +49,7 @@ int Gdi::NewViewport(const std::string& windowName, int width, int height) {
   pictures_[backBuffer].viewNum = view;
   views_.back().backBuffer = backBuffer;
   views_.back().dirty = {0, 0, width, height};
+  views_.back().drawn = pictures_[backBuffer].image.rect();
   return view;
 }
 
@@ -52,6 +57,7 @@ void Gdi::AttachWindow(int view, ViewWindow window) {
   if (ViewRec* rec = View(view)) {
     rec->window = std::move(window);
     rec->screen = QImage();  // the next show fills the window whole
+    if (IsValid(rec->backBuffer)) rec->drawn = pictures_[rec->backBuffer].image.rect();
   }
 }
 
@@ -88,35 +94,49 @@ void Gdi::ShowViewport(int view) {
   // A minimized window shows nothing; what changes meanwhile stays dirty.
   if (windowSize.isEmpty()) return;
 
-  const DirtyEdges& d = rec->dirty;
-  // The edges themselves are inside, hence one pixel more than their difference.
-  const QRect dirty = QRect(QPoint(d.left, d.top), QPoint(d.right, d.bottom)) & back.rect();
-  const QRect changed = dirty.isEmpty() ? QRect() : ChangedArea(back, rec->lastShown, dirty);
+  // Only the areas drawn on since the last show are compared, each on its
+  // own: a strobe over scattered squares costs those squares, not the board.
+  QRegion drawn = rec->drawn & back.rect();
+  rec->drawn = QRegion();
   rec->dirty = {};
-  bool freshScreen = rec->screen.size() != windowSize;
+  if (drawn.rectCount() > kMostAreas) drawn = drawn.boundingRect();
+  const bool comparable =
+      rec->lastShown.size() == back.size() && rec->lastShown.format() == back.format();
+  QRegion changed;
+  for (const QRect& area : drawn) {
+    const QRect differs = comparable ? ChangedArea(back, rec->lastShown, area) : area;
+    if (!differs.isEmpty()) changed += differs;
+  }
+  const bool freshScreen = rec->screen.size() != windowSize;
   if (!freshScreen && changed.isEmpty()) return;
-  if (rec->lastShown.size() != back.size() || rec->lastShown.format() != back.format()) {
+  if (!comparable) {
     rec->lastShown = back.copy();
-  } else if (!changed.isEmpty()) {
+  } else {
     QPainter painter(&rec->lastShown);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(changed.topLeft(), back, changed);
+    for (const QRect& area : changed) painter.drawImage(area.topLeft(), back, area);
   }
 
   if (freshScreen) rec->screen = QImage(windowSize, QImage::Format_RGB32);
-  QRect shown = rec->screen.rect();
+  const bool oneToOne = windowSize == back.size();
   {
     QPainter painter(&rec->screen);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    if (windowSize == back.size()) {
-      if (!freshScreen) shown = changed;
-      painter.drawImage(shown.topLeft(), back, shown);
+    if (oneToOne && !freshScreen) {
+      for (const QRect& area : changed) painter.drawImage(area.topLeft(), back, area);
+    } else if (oneToOne) {
+      painter.drawImage(0, 0, back);
     } else {
       painter.setRenderHint(QPainter::SmoothPixmapTransform);
       painter.drawImage(rec->screen.rect(), back);
     }
   }
-  if (rec->window.repaint) rec->window.repaint(shown);
+  if (!rec->window.repaint) return;
+  if (oneToOne && !freshScreen) {
+    for (const QRect& area : changed) rec->window.repaint(area);
+  } else {
+    rec->window.repaint(rec->screen.rect());
+  }
 }
 
 }  // namespace varkesh

@@ -70,6 +70,11 @@ struct ViewState {
   bool clickPending = false;
   int clickX = 0, clickY = 0;
   bool clickLeft = false, clickRight = false;
+  // The army drawn at the bottom of the board; the game itself knows no sides.
+  int bottomTeam = kWhite;
+  // The keyboard's cursor, on a square of the game; shown once a key moved it.
+  bool cursorShown = false;
+  int cursorX = 8, cursorY = 16;
 
   int MarkAt(int x, int y) const {
     return Board::InBounds(x, y) ? marks[static_cast<std::size_t>(Board::Index(x, y))] : kUnmarked;

@@ -107,6 +107,8 @@ OptionMarks ReadOptionMarks(const SettingsStore& store, OptionMarks marks) {
   ApplyMark(store, "Hints", marks.hints);
   std::string history = store.Read("History");
   if (!history.empty()) marks.history = history == "0" ? 0 : history == "1" ? 1 : 3;
+  const std::string turnBoard = store.Read("TurnBoard");
+  if (!turnBoard.empty()) marks.turnBoard = turnBoard;
   return marks;
 }
 
@@ -116,6 +118,7 @@ void WriteOptionMarks(SettingsStore& store, const OptionMarks& marks) {
   store.Write("ShowComp", MarkText(marks.showComp));
   store.Write("Hints", MarkText(marks.hints));
   store.Write("History", marks.history == 0 ? "0" : marks.history == 1 ? "1" : "3");
+  if (!marks.turnBoard.empty()) store.Write("TurnBoard", marks.turnBoard);
 }
 
 bool TakeFirstRun(SettingsStore& store) {

@@ -41,6 +41,8 @@ struct OptionMarks {
   bool showComp = true;
   bool hints = true;
   int history = 0;  // 0, 1 or 3: which of the History entries is checked
+  // The army turned to the bottom: "White" ... "Red", "Mine", or "" unchosen.
+  std::string turnBoard;
 };
 
 // prefix "Main" or "Chat": keys prefix + "Top", "Left", "Height", "Width", "Window".

@@ -1,5 +1,6 @@
 #include "ui/board_view.h"
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QFontMetrics>
 #include <QString>
@@ -10,6 +11,7 @@
 #include "engine/general_engine.h"
 #include "flow/error_handler.h"
 #include "ui/board_layout.h"
+#include "ui/board_turn.h"
 
 namespace varkesh {
 namespace {
@@ -21,9 +23,10 @@ constexpr Rgb kNameColour{255, 255, 255};
 constexpr std::array<PixelPoint, kTeamCount> kNamePlaces{
     {{325, 580}, {0, 220}, {325, 5}, {530, 360}}};
 const FontDescription kNoteFont{"Sans", 12, true};
-constexpr int kNoteY = 188;               // under the title's subtitle, above its board
-constexpr double kStrobeInterval = 0.05;  // seconds; at most 20 redraws a second
-constexpr int kFrameRateSpan = 250;       // milliseconds
+const FontDescription kVersionFont{"Sans", 9, false};
+constexpr int kNoteY = 188;              // under the title's subtitle, above its board
+constexpr double kStrobeInterval = 0.1;  // seconds: ten steps a second, smooth to the eye
+constexpr int kFrameRateSpan = 250;      // milliseconds
 
 constexpr int kBannerWidth = 270, kBannerHeight = 95, kBannerY = 300;
 constexpr int kFlagWidth = 150, kFlagHeight = 57;
@@ -55,6 +58,11 @@ bool IsTeam(int team) {
   return TeamIndex(team) >= 0;
 }
 
+constexpr int kGridOrigin = 3;
+constexpr int kGridSide = kBoardSide * kSquarePixels;
+constexpr Rgb kCursorColour{255, 255, 255};
+constexpr Rgb kCursorEdge{0, 0, 0};
+
 }  // namespace
 
 BoardView::BoardView(Gdi& gdi, GeneralEngine& engine, const BoardArt& art, BoardViewHooks hooks)
@@ -62,18 +70,24 @@ BoardView::BoardView(Gdi& gdi, GeneralEngine& engine, const BoardArt& art, Board
 
 void BoardView::DrawBoardWithPieces(Game& game) {
   if (!game.view.boardChanged) return;
+  bottomTeam_ = game.view.bottomTeam;
   gdi_.Blit(art_.board, 0, 0, gdi_.PictureWidth(art_.board), gdi_.PictureHeight(art_.board),
             art_.boardCanvas, 0, 0, RasterOp::Copy);
+  // The grid turns; the pieces are drawn upright on it.
+  if (const int turns = QuarterTurns(bottomTeam_); turns != 0)
+    gdi_.TurnedBlit(art_.board, kGridOrigin, kGridOrigin, kGridSide, art_.boardCanvas, kGridOrigin,
+                    kGridOrigin, turns);
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
       const Square& square = game.match.position.board.at(x, y);
       if (square.team == kNoTeam || square.piece == kNoPiece) continue;
       PixelPoint sprite = SpriteCell(square.team, square.piece);
-      PixelPoint at = PieceCorner(x, y);
+      const SquarePoint drawn = DrawnSquare(x, y, bottomTeam_);
+      PixelPoint at = PieceCorner(drawn.x, drawn.y);
       gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels, art_.pieceMask,
                       0, 0, art_.boardCanvas, at.x, at.y);
       if (square.piece < 0) {
-        PixelPoint cell = SquareCorner(x, y);
+        PixelPoint cell = SquareCorner(drawn.x, drawn.y);
         gdi_.MaskedBlit(art_.history, kFrostCell, MarkerRow(square.team) * kSquarePixels,
                         kSquarePixels, kSquarePixels, art_.history, kFrostCell, 0, art_.boardCanvas,
                         cell.x, cell.y);
@@ -84,12 +98,22 @@ void BoardView::DrawBoardWithPieces(Game& game) {
             gdi_.PictureHeight(art_.boardCanvas), art_.backBuffer, 0, 0, RasterOp::Copy);
   DrawPlayerNames(game);
   if (game.turn.gameMode == ModeNoGame) DrawWaitingNote();
+  DrawCursor(game);
   game.view.viewChanged = true;
+}
+
+void BoardView::DrawCursor(const Game& game) {
+  if (!game.view.cursorShown || !Board::InBounds(game.view.cursorX, game.view.cursorY)) return;
+  const SquarePoint drawn = DrawnSquare(game.view.cursorX, game.view.cursorY, bottomTeam_);
+  const PixelPoint at = SquareCorner(drawn.x, drawn.y);
+  gdi_.DrawFrame(art_.backBuffer, kCursorEdge, at.x - 1, at.y - 1, kSquarePixels + 2,
+                 kSquarePixels + 2, 5);
+  gdi_.DrawFrame(art_.backBuffer, kCursorColour, at.x, at.y, kSquarePixels, kSquarePixels, 3);
 }
 
 void BoardView::DrawPlayerNames(const Game& game) {
   for (int team = 1; team <= kTeamCount; ++team) {
-    PixelPoint at = kNamePlaces[static_cast<std::size_t>(team - 1)];
+    PixelPoint at = kNamePlaces[static_cast<std::size_t>(DrawnSide(team, bottomTeam_) - 1)];
     const int kind = TeamEntry(game.match.setup.playerKinds, team);
     std::string name =
         kind == kHuman && hooks_.seatPlayerName ? hooks_.seatPlayerName(game, team) : std::string();
@@ -107,9 +131,20 @@ void BoardView::DrawWaitingNote() {
   gdi_.DrawText(art_.backBuffer, kNoteFont, kNameColour, (kViewPixels - width) / 2, kNoteY, note);
 }
 
+void BoardView::DrawVersion() {
+  const QString version = QCoreApplication::applicationVersion();
+  if (version.isEmpty()) return;
+  const std::string line = "Version " + version.toStdString();
+  const QFontMetrics metrics(QFont(QString::fromStdString(kVersionFont.name), kVersionFont.size));
+  const int width = metrics.horizontalAdvance(QString::fromStdString(line));
+  gdi_.DrawText(art_.backBuffer, kVersionFont, kNameColour, kViewPixels - width - 12,
+                kViewPixels - 24, line);
+}
+
 void BoardView::ShowHistory(Game& game) {
   const auto& checked = hooks_.isMenuChecked;
   if (checked(Menu::History0)) return;
+  bottomTeam_ = game.view.bottomTeam;
   auto draw = [&](const HistoryMove& move) {
     if (move.Empty()) return;
     DrawHistoricMove(move.fromX, move.fromY, move.toX, move.toY, move.team, move.wasCapture);
@@ -131,11 +166,12 @@ void BoardView::DrawHistoricMove(int fromX, int fromY, int toX, int toY, int tea
 
 void BoardView::DrawDungeons(Game& game) {
   if (!game.view.boardChanged) return;
+  bottomTeam_ = game.view.bottomTeam;
   for (int team = 1; team <= kTeamCount; ++team) {
     const Dungeon& dungeon = game.match.position.dungeons[static_cast<std::size_t>(team - 1)];
     for (int i = 1; i <= dungeon.PrisonerCount(); ++i) {
       PixelPoint sprite = SpriteCell(dungeon.prisoners[i].team, dungeon.prisoners[i].piece);
-      PixelPoint at = DungeonPlace(team, i);
+      PixelPoint at = DungeonPlace(DrawnSide(team, bottomTeam_), i);
       gdi_.MaskedBlit(art_.pieces, sprite.x, sprite.y, kPiecePixels, kPiecePixels, art_.pieceMask,
                       0, 0, art_.backBuffer, at.x, at.y);
     }
@@ -155,19 +191,25 @@ void BoardView::DrawSquares(Game& game) {
             gdi_.PictureHeight(art_.squareBase), art_.squareCanvas, 0, 0, RasterOp::And);
   int width = gdi_.PictureWidth(art_.squareCanvas);
   int height = gdi_.PictureHeight(art_.squareCanvas);
+  bottomTeam_ = game.view.bottomTeam;
   for (const BoardSquare& square : game.view.moveablePieces) {
-    PixelPoint at = SquareCorner(square.x, square.y);
+    const SquarePoint drawn = DrawnSquare(square.x, square.y, bottomTeam_);
+    PixelPoint at = SquareCorner(drawn.x, drawn.y);
     gdi_.MaskedBlit(art_.squareCanvas, 0, 0, width, height, art_.squareMask, 0, 0, art_.backBuffer,
                     at.x, at.y);
   }
+  DrawCursor(game);  // over the strobe
   game.view.viewChanged = true;
   strobeLastDrawn_ = now;
 }
 
 void BoardView::DrawSelection(Game& game, int x, int y, bool preview) {
   int row = preview ? kPreviewRow : MarkerRow(TeamOn(game, x, y));
-  PixelPoint at = SquareCorner(x, y);
+  bottomTeam_ = game.view.bottomTeam;
+  const SquarePoint drawn = DrawnSquare(x, y, bottomTeam_);
+  PixelPoint at = SquareCorner(drawn.x, drawn.y);
   DrawMarker(kMoveStartCell, row, at.x, at.y);
+  DrawCursor(game);
   game.view.viewChanged = true;
 }
 
@@ -176,17 +218,23 @@ void BoardView::DrawMove(Game& game, int fromX, int fromY, int toX, int toY, boo
   int target = TeamOn(game, toX, toY);
   // A move onto an own piece is the castle move, not a capture.
   bool capture = target != kNoTeam && target != mover;
+  bottomTeam_ = game.view.bottomTeam;
   DrawMoveMarkers(fromX, fromY, toX, toY, preview ? kPreviewRow : MarkerRow(mover),
                   capture ? kCaptureEndCell : kMoveEndCell);
+  DrawCursor(game);
   game.view.viewChanged = true;
 }
 
 void BoardView::DrawMoveMarkers(int fromX, int fromY, int toX, int toY, int row, int endCell) {
-  PixelPoint start = SquareCorner(fromX, fromY);
-  PixelPoint end = SquareCorner(toX, toY);
+  // The path is laid out on the squares as drawn, so its arrows point the
+  // way the move goes on the screen.
+  const SquarePoint from = DrawnSquare(fromX, fromY, bottomTeam_);
+  const SquarePoint to = DrawnSquare(toX, toY, bottomTeam_);
+  PixelPoint start = SquareCorner(from.x, from.y);
+  PixelPoint end = SquareCorner(to.x, to.y);
   DrawMarker(kMoveStartCell, row, start.x, start.y);
   DrawMarker(endCell, row, end.x, end.y);
-  for (const PathCell& step : MovePath(fromX, fromY, toX, toY))
+  for (const PathCell& step : MovePath(from.x, from.y, to.x, to.y))
     DrawMarker(step.cellX, row, step.at.x, step.at.y);
 }
 
@@ -243,6 +291,7 @@ void BoardView::ShowTitle() {
     gdi_.Blit(title_, 0, 0, gdi_.PictureWidth(title_), gdi_.PictureHeight(title_), art_.backBuffer,
               0, 0, RasterOp::Copy);
     DrawWaitingNote();
+    DrawVersion();
     titleDrawn_ = gdi_.DrawsOn(art_.view);
     titleNote_ = note;
   }

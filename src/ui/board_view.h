@@ -9,9 +9,9 @@
 #include <string>
 #include <utility>
 
-#include "flow/outside.h"
 #include "engine/gdi.h"
 #include "flow/game_view.h"
+#include "flow/outside.h"
 #include "ui/board_art.h"
 
 namespace varkesh {
@@ -62,6 +62,10 @@ class BoardView : public GameView {
   void DrawMarker(int cellX, int row, int x, int y);
   void DrawPlayerNames(const Game& game);
   void DrawWaitingNote();
+  // The program's version in a corner of the title, as About shows it.
+  void DrawVersion();
+  // The keyboard's cursor as a frame around its square.
+  void DrawCursor(const Game& game);
   void DrawFlag(int team, int frame, int y);
 
   Gdi& gdi_;
@@ -75,6 +79,8 @@ class BoardView : public GameView {
   std::string titleNote_;
   std::optional<std::pair<Hint, std::uint64_t>> hintDrawn_;
   double strobeLastDrawn_ = 0.0;
+  // The army at the bottom as the present drawing has it.
+  int bottomTeam_ = kWhite;
 };
 
 }  // namespace varkesh

@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include "engine/general_engine.h"
+#include "ui/document_window.h"
 
 namespace varkesh {
 
@@ -59,7 +60,9 @@ void DesktopDocuments::OpenDocument(const std::string& pathOrAddress) {
              true);
   }
   const QString target = QString::fromStdString(pathOrAddress);
-  QDesktopServices::openUrl(target.contains("://") ? QUrl(target) : QUrl::fromLocalFile(target));
+  const QUrl document = target.contains("://") ? QUrl(target) : QUrl::fromLocalFile(target);
+  // Without a viewer on the desktop the help is shown by the game itself.
+  if (!QDesktopServices::openUrl(document)) ShowDocumentWindow(document);
 }
 
 std::string DesktopDocuments::LoadFileDialog(QWidget* owner, const std::string& title,

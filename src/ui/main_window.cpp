@@ -6,14 +6,16 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QUrl>
+#include <algorithm>
 
-#include "flow/resign.h"
 #include "engine/general_engine.h"
 #include "flow/error_handler.h"
 #include "flow/new_game.h"
+#include "flow/resign.h"
 #include "flow/save_load.h"
 #include "ui/connect_dialog.h"
 #include "ui/dialog_placement.h"
+#include "ui/fitting_label.h"
 #include "ui/move_list.h"
 #include "ui/netplay_session.h"
 #include "ui/qt_outside.h"
@@ -33,14 +35,17 @@ struct CheckableEntry {
   QKeySequence key;
 };
 
-constexpr int kStartWidth = 620;
+constexpr int kStartWidth = 608;  // a view of 600 pixels inside its border, at scale 1
 constexpr int kStartHeight = 700;
 constexpr int kStartTop = 10;
+// Room left for the window manager's frame and title bar around the window.
+constexpr int kFrameAllowance = 16;
+constexpr int kTitleAllowance = 48;
 const char* const kModule = "frmMain";
 const char* const kHelpPage = "help/help.htm";
 
 QLabel* NamedLabel(const char* objectName, Qt::Alignment alignment, QWidget* parent) {
-  auto* label = new QLabel(parent);
+  auto* label = new FittingLabel(parent);
   label->setObjectName(objectName);
   label->setAlignment(alignment | Qt::AlignVCenter);
   label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
@@ -73,11 +78,15 @@ MainWindow::MainWindow(Game& game, const DesktopServices& services)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::PlaceOnScreen() {
-  const int width = kStartWidth + (records_->ListShown() ? MoveListView::kWidth : 0);
-  resize(width, kStartHeight);
-  const QRect screenArea = screen()->geometry();
-  const int top = kStartHeight == screenArea.height() ? 0 : kStartTop;
-  move(screenArea.left() + screenArea.width() / 2 - width / 2, screenArea.top() + top);
+  // Inside the area the desktop leaves free (panels and docks aside), title
+  // bar included, on a screen of any size.
+  const QRect area = screen()->availableGeometry();
+  const int wanted = kStartWidth + (records_->ListShown() ? MoveListView::kWidth : 0);
+  const int width = std::min(wanted, area.width() - kFrameAllowance);
+  const int height = std::min(kStartHeight, area.height() - kTitleAllowance);
+  resize(std::max(width, kSmallestInnerWidth), std::max(height, kSmallestInnerHeight));
+  const int spare = area.height() - height - kTitleAllowance;
+  move(area.left() + (area.width() - width) / 2, area.top() + std::clamp(spare / 2, 0, kStartTop));
 }
 
 QAction* MainWindow::AddEntry(QMenu* menu, const char* objectName, const char* text,
@@ -234,6 +243,44 @@ void MainWindow::BuildOptionsMenu() {
     connect(action, &QAction::triggered, this, [this] { game_.view.boardChanged = true; });
   }
   menus_[Menu::History0]->setChecked(true);
+  BuildTurnBoardMenu(menu);
+}
+
+void MainWindow::BuildTurnBoardMenu(QMenu* options) {
+  options->addSeparator()->setObjectName("mnuOptionsUL2");
+  QMenu* menu = options->addMenu("&Turn Board");
+  menu->setObjectName("mnuTurnBoard");
+  auto* group = new QActionGroup(this);
+  group->setExclusive(true);
+  struct TurnEntry {
+    TurnChoice choice;
+    const char* objectName;
+    const char* text;
+  };
+  const TurnEntry entries[] = {
+      {TurnChoice::White, "mnuTurnWhite", "&White"}, {TurnChoice::Blue, "mnuTurnBlue", "&Blue"},
+      {TurnChoice::Black, "mnuTurnBlack", "Blac&k"}, {TurnChoice::Red, "mnuTurnRed", "&Red"},
+      {TurnChoice::Mine, "mnuTurnMine", "&Mine"},
+  };
+  for (const auto& entry : entries) {
+    QAction* action = AddEntry(menu, entry.objectName, entry.text);
+    action->setCheckable(true);
+    group->addAction(action);
+    turnEntries_[entry.choice] = action;
+    connect(action, &QAction::triggered, this,
+            [this, choice = entry.choice] { SetChosenTurn(choice); });
+  }
+  MarkTurnChoice(EffectiveChoice(game_, chosenTurn_));
+}
+
+void MainWindow::SetChosenTurn(TurnChoice choice) {
+  chosenTurn_ = choice;
+  MarkTurnChoice(EffectiveChoice(game_, choice));
+}
+
+void MainWindow::MarkTurnChoice(TurnChoice effective) {
+  const auto entry = turnEntries_.find(effective);
+  if (entry != turnEntries_.end() && !entry->second->isChecked()) entry->second->setChecked(true);
 }
 
 void MainWindow::BuildResignMenu() {

@@ -10,6 +10,7 @@
 
 #include "flow/game.h"
 #include "flow/outside.h"
+#include "ui/board_turn.h"
 #include "ui/qt_outside.h"
 
 class QAction;
@@ -55,6 +56,12 @@ class MainWindow : public QMainWindow {
   QLabel& pieceLabel() { return *piece_; }
 
   QAction& menuAction(Menu menu) const { return *menus_.at(menu); }
+  // The Options menu's "Turn Board": what the player chose, and the check
+  // mark on the choice as it stands for the present game.
+  TurnChoice ChosenTurn() const { return chosenTurn_; }
+  void SetChosenTurn(TurnChoice choice);
+  void MarkTurnChoice(TurnChoice effective);
+  QAction& turnEntry(TurnChoice choice) const { return *turnEntries_.at(choice); }
   void SetMenuEnabled(Menu menu, bool enabled);
   bool IsMenuChecked(Menu menu) const;
   // Only for the option entries; History entries uncheck their sisters.
@@ -84,6 +91,7 @@ class MainWindow : public QMainWindow {
   void BuildGameMenu();
   void BuildNetPlayMenu();
   void BuildOptionsMenu();
+  void BuildTurnBoardMenu(QMenu* options);
   void BuildResignMenu();
   void BuildHelpMenu();
   QMenu* AddMenu(const char* objectName, const char* text, Menu id);
@@ -106,6 +114,8 @@ class MainWindow : public QMainWindow {
   MoveListView* moveList_ = nullptr;
   std::unique_ptr<RecordCommands> records_;
   std::map<Menu, QAction*> menus_;
+  std::map<TurnChoice, QAction*> turnEntries_;
+  TurnChoice chosenTurn_ = TurnChoice::Unchosen;
   int commandDepth_ = 0;
   std::unique_ptr<NetPlaySession> netPlay_;
 };

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include "persist/command_line.h"
+#include "ui/board_fit.h"
 #include "ui/program.h"
 
 namespace varkesh {
@@ -36,6 +37,7 @@ class ProgramLoop : public QObject {
   // pause before the next pass is the loop's sleep. A pass never runs inside
   // another, even when it waits in a dialog or lets events run.
   QTimer pace_;
+  BoardFit fit_;
 };
 
 }  // namespace varkesh

@@ -59,6 +59,7 @@ void ApplyStoredOptions(MainWindow& window, const SettingsStore& store) {
                         : marks.history == 1 ? Menu::History1
                                              : Menu::History3,
                         true);
+  window.SetChosenTurn(TurnChoiceNamed(marks.turnBoard));
 }
 
 OptionMarks MarksOf(const MainWindow& window) {
@@ -70,6 +71,7 @@ OptionMarks MarksOf(const MainWindow& window) {
   marks.history = window.IsMenuChecked(Menu::History0)   ? 0
                   : window.IsMenuChecked(Menu::History1) ? 1
                                                          : 3;
+  marks.turnBoard = TurnChoiceName(window.ChosenTurn());
   return marks;
 }
 

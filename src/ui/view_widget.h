@@ -7,11 +7,12 @@
 #include <functional>
 #include <utility>
 
-#include "flow/game.h"
 #include "engine/gdi.h"
+#include "flow/game.h"
 
 class QLabel;
 class QPushButton;
+class QTimer;
 
 namespace varkesh {
 
@@ -27,6 +28,12 @@ class ViewWidget : public QFrame {
   ViewWindow AsViewWindow();
   // False while the player cannot see the view: nothing is drawn then.
   bool Seen() const;
+  // The inner area in the screen's own pixels.
+  QSize DevicePixels() const;
+
+  // A line over the top of the board that goes by itself after a while.
+  void ShowNotice(const QString& text);
+  QLabel& NoticeLabel() { return *notice_; }
 
   QPushButton& PauseButton() { return *pause_; }
   QLabel& FrameRateLabel() { return *frameRate_; }
@@ -41,14 +48,26 @@ class ViewWidget : public QFrame {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void TogglePause();
+  // A click of the mouse on a square of the game, as the logic takes it.
+  void Click(int x, int y, bool left, bool right);
+  // The keyboard's steps: the cursor, a click on its square, the next piece.
+  void MoveCursor(int stepX, int stepY);
+  void PressOnCursor(bool enter);
+  void CancelSelection();
+  void NextMoveablePiece(bool forward);
+  void ShowCursor();
 
   Game& game_;
   std::function<const QImage&()> screen_;
   QPushButton* pause_ = nullptr;
   QLabel* frameRate_ = nullptr;
+  QLabel* notice_ = nullptr;
+  QTimer* noticeTimer_ = nullptr;
 };
 
 }  // namespace varkesh

@@ -16,7 +16,7 @@ std::optional<WindowLayout> LayOutWindow(int innerWidth, int innerHeight, int de
   const int viewTop = labelTop + labelHeight + gap;
 
   int side = innerWidth - 4;
-  side = std::min({side, innerHeight - viewTop, kLargestViewSide});
+  side = std::min(side, innerHeight - viewTop);
   side = std::max(side, 0);
 
   const int labelWidth = side / 2 - 1;

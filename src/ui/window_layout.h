@@ -6,8 +6,6 @@
 
 namespace varkesh {
 
-// The view never grows past the 600-pixel back buffer and its two borders.
-inline constexpr int kLargestViewSide = 604;
 // The smallest inner area laid out; the window is not let shrink below it.
 inline constexpr int kSmallestInnerHeight = 100;
 inline constexpr int kSmallestInnerWidth = 20;

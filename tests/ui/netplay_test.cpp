@@ -135,8 +135,9 @@ double ConfirmOnHost(RunningProgram& host, const std::vector<RunningProgram*>& c
   host.ClickSquare(x, y, Qt::RightButton);
   const auto drawn = [&](RunningProgram& client) {
     const Game& game = client.game();
-    return game.match.position.board.at(x, y).team == team && game.match.position.history[0].team == team &&
-           game.match.position.currentTeam != team && !game.view.boardChanged;
+    return game.match.position.board.at(x, y).team == team &&
+           game.match.position.history[0].team == team && game.match.position.currentTeam != team &&
+           !game.view.boardChanged;
   };
   for (RunningProgram* client : clients)
     while (!drawn(*client) && clock.elapsed() < 10000)
@@ -150,7 +151,8 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   RunningProgram host, bo, cy;
   ASSERT_TRUE(host.Started() && bo.Started() && cy.Started());
 
-  ASSERT_TRUE(host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
+  ASSERT_TRUE(
+      host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
   OpenNetPlay(host, "mnuNetPlayHost", "Ada", port, "connect-hosting");
   ChatWindow& hostChat = Chat(host);
   EXPECT_EQ(hostChat.windowTitle(), "Varkesh NetPlay");
@@ -207,6 +209,11 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_EQ(SeatCaption(host, kWhite), "Bo");
   EXPECT_EQ(SeatCaption(bo, kBlue), "Ada(host)");
   ASSERT_TRUE(HistoryShows(cy, "     *** Red is now controlled by Cy"));
+  // Unless told otherwise, each sees its own army at the bottom, the host
+  // the first of its two.
+  EXPECT_TRUE(cy.WaitFor([&] { return cy.game().view.bottomTeam == kRed; }));
+  EXPECT_TRUE(bo.WaitFor([&] { return bo.game().view.bottomTeam == kWhite; }));
+  EXPECT_TRUE(host.WaitFor([&] { return host.game().view.bottomTeam == kBlue; }));
 
   // Bo plays White by clicks; the host and Cy see it.
   const Board before = host.game().match.position.board;

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "persist/command_line.h"
+#include "ui/board_turn.h"
 #include "ui/documents.h"
 #include "ui/main_window.h"
 #include "ui/program_loop.h"
@@ -24,6 +25,18 @@
 #include "ui/view_widget.h"
 
 namespace varkesh::test {
+
+// Resizes the window until the board view's inner area is side pixels square.
+inline bool SetViewSide(MainWindow& window, int side) {
+  return QTest::qWaitFor(
+      [&] {
+        const int now = window.view().contentsRect().width();
+        if (now == side && window.view().contentsRect().height() == side) return true;
+        window.resize(window.size() + QSize(side - now, side - now));
+        return false;
+      },
+      3000);
+}
 
 struct ScriptedDocuments : Documents {
   std::vector<std::string> opened;
@@ -93,16 +106,22 @@ class RunningProgram {
   bool Started() const { return started_; }
   bool Ended() const { return ended_; }
   Game& game() { return program_.game; }
+  Program& program() { return program_; }
   MainWindow& window() { return *program_.window; }
   ScriptedDocuments& documents() { return *documents_; }
   SettingsStore& settings() { return *program_.settings; }
   const std::string& folder() const { return folder_; }
 
-  // A click in the middle of a square of the board at full size.
+  // A click in the middle of a square of the game where the board shows it,
+  // turned and scaled as it is.
   void ClickSquare(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     ViewWidget& view = window().view();
-    QTest::mouseClick(&view, button, {},
-                      view.contentsRect().topLeft() + QPoint(x * 35 + 17, y * 35 + 17));
+    const SquarePoint drawn = DrawnSquare(x, y, game().view.bottomTeam);
+    const double unit = view.contentsRect().width() / 600.0;
+    QTest::mouseClick(
+        &view, button, {},
+        view.contentsRect().topLeft() + QPoint(static_cast<int>((drawn.x * 35 + 17) * unit),
+                                               static_cast<int>((drawn.y * 35 + 17) * unit)));
   }
   void PressShortcut(Qt::Key key) {
     window().activateWindow();

@@ -59,10 +59,15 @@ QPainterPath Battlements(qreal left, qreal right, qreal top, qreal toothHeight, 
   return path;
 }
 
-// A pawn that carries a small tower instead of a head.
+// A pawn whose round head wears a crown of three merlons: a pawn at first
+// sight, which the Rook's square tower never is.
 QPainterPath CastlePawn() {
-  QPainterPath tower = Battlements(30, 70, 6, 10, 44);
-  return PawnBody().united(tower);
+  QPainterPath head;
+  head.addEllipse(QPointF(50, 32), 13, 13);
+  QPainterPath merlons;
+  for (qreal left : {35.0, 45.5, 56.0}) merlons.addRect(QRectF(left, 8, 9, 14));
+  merlons.addRect(QRectF(35, 16, 30, 8));
+  return PawnBody().united(head).united(merlons.simplified());
 }
 
 QPainterPath Rook() {
@@ -173,6 +178,17 @@ QTransform FigurePlacement(int left, int top) {
 void PaintDetails(QPainter& painter, int kind, const TeamPalette& palette) {
   painter.setPen(QPen(palette.body, 6, Qt::SolidLine, Qt::RoundCap));
   if (kind == 3) painter.drawLine(QPointF(44, 30), QPointF(56, 44));  // the mitre's slit
+  if (kind == 4) {                                                    // the tower's gate
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette.body);
+    QPainterPath gate;
+    gate.moveTo(42, 80);
+    gate.lineTo(42, 62);
+    gate.arcTo(QRectF(42, 54, 16, 16), 180, -180);
+    gate.lineTo(58, 80);
+    gate.closeSubpath();
+    painter.drawPath(gate);
+  }
   if (kind == 5) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette.body);

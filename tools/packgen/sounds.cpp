@@ -110,5 +110,7 @@ std::vector<PackEntry> WriteSounds(const QDir& out) {
                  {0.1, 0.22, kCs5, 0.6},
                  {0.2, 0.22, kE5, 0.6},
                  {0.3, 0.4, kA5, 0.7}}),
+      // A player away from the window hears that it is their turn.
+      SaveSound(out, "sfx_yourturn", {{0, 0.12, kCs5, 0.5}, {0.12, 0.26, kA5, 0.5}}),
   };
 }

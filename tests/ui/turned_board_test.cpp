@@ -1,0 +1,223 @@
+// The board turned to each army and drawn at more than one scale: clicks
+// land on the piece drawn under them, and a game played from the keyboard
+// is the game played with the mouse.
+#include <QAbstractButton>
+#include <QKeyEvent>
+
+#include "core/geometry.h"
+#include "engine/gdi.h"
+#include "ui/board_turn.h"
+#include "ui_test_support.h"
+
+namespace varkesh {
+namespace {
+
+using test::RunningProgram;
+
+// The tips of the four keeps, White, Blue, Black, Red.
+constexpr SquarePoint kKeepTips[kTeamCount] = {{8, 16}, {0, 8}, {8, 0}, {16, 8}};
+
+TEST(BoardTurn, EachArmyTurnedToTheBottomAndBackAgain) {
+  for (int bottom = kWhite; bottom <= kRed; ++bottom) {
+    SCOPED_TRACE(bottom);
+    const SquarePoint tip = kKeepTips[bottom - 1];
+    EXPECT_EQ(DrawnSquare(tip.x, tip.y, bottom), (SquarePoint{8, 16}));
+    EXPECT_EQ(DrawnSide(bottom, bottom), 1);
+    // The armies keep their order round the board: the next one clockwise is on the left.
+    EXPECT_EQ(DrawnSide(bottom % kTeamCount + 1, bottom), 2);
+    for (int y = 0; y < kBoardSide; ++y)
+      for (int x = 0; x < kBoardSide; ++x) {
+        const SquarePoint drawn = DrawnSquare(x, y, bottom);
+        ASSERT_EQ(GameSquare(drawn.x, drawn.y, bottom), (SquarePoint{x, y}));
+        ASSERT_EQ(OnDiamond(drawn.x, drawn.y), OnDiamond(x, y));
+      }
+  }
+  EXPECT_EQ(GameSquare(17, 0, kBlue), (SquarePoint{17, 0})) << "off the board stays off";
+}
+
+TEST(BoardTurn, MineIsTheLocalSeatInNetPlayAndTheHumanOnTurnAtHome) {
+  Game game;
+  game.turn.gameMode = ModeChoosePiece;
+  game.match.setup.playerKinds = {kHuman, kHuman, kAggressive, kHuman};
+  game.match.position.currentTeam = kRed;
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Unchosen), kWhite) << "unturned at home";
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Mine), kRed);
+  game.view.bottomTeam = kRed;
+  game.match.position.currentTeam = kBlack;  // a computer: the board stays
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Mine), kRed);
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Black), kBlack);
+
+  game.net.netRole = kNetClient;
+  game.net.myNodeId = 3;
+  game.net.seatNode = {1, 3, 2, 3};
+  EXPECT_EQ(EffectiveChoice(game, TurnChoice::Unchosen), TurnChoice::Mine);
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Unchosen), kBlue) << "the first local human seat";
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::White), kWhite) << "a choice of the player stands";
+}
+
+// A new game of four humans, past the title.
+void StartHotSeat(RunningProgram& run) {
+  const auto answer = test::WhenModalOpens([](QWidget& dialog) {
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+  });
+  run.ClickSquare(8, 8);
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+}
+
+// The middle of the square (x, y) of the game where the view shows it now.
+QPoint DrawnCentre(RunningProgram& run, int x, int y) {
+  ViewWidget& view = run.window().view();
+  const SquarePoint drawn = DrawnSquare(x, y, run.game().view.bottomTeam);
+  const double unit = view.contentsRect().width() / 600.0;
+  return view.contentsRect().topLeft() + QPoint(static_cast<int>((3 + 35 * drawn.x + 17.5) * unit),
+                                                static_cast<int>((3 + 35 * drawn.y + 17.5) * unit));
+}
+
+QRgb ScreenPixel(RunningProgram& run, QPoint at) {
+  ViewWidget& view = run.window().view();
+  const QImage& screen = run.program().gdi->ScreenImage(run.program().mainView);
+  const QPoint local = at - view.contentsRect().topLeft();
+  return screen.pixel(static_cast<int>(local.x() * view.devicePixelRatioF()),
+                      static_cast<int>(local.y() * view.devicePixelRatioF()));
+}
+
+// The middle of the White Knight on the sheet of pieces, at the present scale.
+QRgb KnightCentre(RunningProgram& run) {
+  const Gdi& gdi = *run.program().gdi;
+  constexpr int kSheetWidth = 225, kSheetHeight = 135, kKnightCentre = 4 * 30 + 15;
+  for (PicNum pic = 0; gdi.PictureWidth(pic) >= 0; ++pic) {
+    if (gdi.PictureWidth(pic) != kSheetWidth || gdi.PictureHeight(pic) != kSheetHeight) continue;
+    const double scale = gdi.Scale();
+    return gdi.Picture(pic).pixel(static_cast<int>((kKnightCentre + 0.5) * scale),
+                                  static_cast<int>(15.5 * scale));
+  }
+  ADD_FAILURE() << "no sheet of pieces";
+  return 0;
+}
+
+TEST(TurnedBoard, AClickOnTheDrawnSquareOfAPieceSelectsItAtEachTurnAndScale) {
+  const TurnChoice choices[] = {TurnChoice::White, TurnChoice::Blue, TurnChoice::Black,
+                                TurnChoice::Red};
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  StartHotSeat(run);
+  Game& game = run.game();
+  for (const double scale : {1.0, 2.0}) {
+    ASSERT_TRUE(test::SetViewSide(run.window(), static_cast<int>(600 * scale)));
+    ASSERT_TRUE(run.WaitFor([&] { return run.program().gdi->Scale() == scale; }, 3000)) << scale;
+    for (int i = 0; i < kTeamCount; ++i) {
+      SCOPED_TRACE(testing::Message() << "scale " << scale << ", turned to " << i + 1);
+      run.window().SetChosenTurn(choices[i]);
+      ASSERT_TRUE(run.WaitFor([&] { return game.view.bottomTeam == i + 1; }, 3000));
+      QTest::qWait(50);  // drawn and shown
+      // The White Knight at (7, 14) is what the screen shows under the click.
+      const QPoint at = DrawnCentre(run, 7, 14);
+      EXPECT_NEAR(qGray(ScreenPixel(run, at)), qGray(KnightCentre(run)), 40);
+      QTest::mouseClick(&run.window().view(), Qt::LeftButton, {}, at);
+      ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+      EXPECT_EQ(std::pair(game.turn.moveFromX, game.turn.moveFromY), std::pair(7, 14));
+      // A click on a square off the diamond lets it go again.
+      QTest::mouseClick(&run.window().view(), Qt::LeftButton, {},
+                        run.window().view().contentsRect().topLeft() + QPoint(4, 4));
+      ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
+    }
+  }
+}
+
+void Key(RunningProgram& run, Qt::Key key) {
+  QTest::keyClick(&run.window().view(), key);
+  QTest::qWait(30);  // a pass of the loop takes it
+}
+
+// Arrow keys until the cursor stands on the square (x, y) of the game.
+void CursorTo(RunningProgram& run, int x, int y) {
+  ViewState& view = run.game().view;
+  if (!view.cursorShown) Key(run, Qt::Key_Down);
+  for (int presses = 0; presses < 64; ++presses) {
+    if (view.cursorX == x && view.cursorY == y) return;
+    const SquarePoint at = DrawnSquare(view.cursorX, view.cursorY, view.bottomTeam);
+    const SquarePoint to = DrawnSquare(x, y, view.bottomTeam);
+    // Toward the target along an axis whose next square lies on the diamond.
+    const SquarePoint down{at.x, at.y + (to.y > at.y ? 1 : -1)};
+    const SquarePoint downSquare = GameSquare(down.x, down.y, view.bottomTeam);
+    const bool vertical = at.y != to.y && OnDiamond(downSquare.x, downSquare.y);
+    if (vertical)
+      Key(run, to.y > at.y ? Qt::Key_Down : Qt::Key_Up);
+    else if (at.x != to.x)
+      Key(run, to.x > at.x ? Qt::Key_Right : Qt::Key_Left);
+    else
+      Key(run, to.y > at.y ? Qt::Key_Down : Qt::Key_Up);
+  }
+  ADD_FAILURE() << "the cursor did not reach " << x << "," << y;
+}
+
+// Tab until the cursor stands on the piece at (x, y).
+void TabTo(RunningProgram& run, int x, int y) {
+  const ViewState& view = run.game().view;
+  for (int presses = 0; presses < 40; ++presses) {
+    Key(run, Qt::Key_Tab);
+    if (view.cursorX == x && view.cursorY == y) return;
+  }
+  ADD_FAILURE() << "Tab never reached " << x << "," << y;
+}
+
+struct PlannedMove {
+  SquarePoint from, to;
+};
+
+TEST(TurnedBoard, AGameFromTheKeyboardIsTheGameOfTheMouse) {
+  // The mouse plays a round and a bit, each time a different piece to its
+  // first destination; the keyboard plays the same moves on a turned board.
+  constexpr int kMoveCount = 6;
+  std::vector<PlannedMove> moves;
+  Record byMouse;
+  {
+    RunningProgram run;
+    ASSERT_TRUE(run.Started());
+    StartHotSeat(run);
+    const ViewState& view = run.game().view;
+    for (int i = 0; i < kMoveCount; ++i) {
+      const BoardSquare from = view.moveablePieces[1 + (3 * i) % view.moveablePieces.Count()];
+      ASSERT_EQ(run.game().view.bottomTeam, kWhite) << "unturned by default at home";
+      run.ClickSquare(from.x, from.y);
+      ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+      const BoardSquare to = view.moveablePieces[1];
+      run.ClickSquare(to.x, to.y);
+      ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+      run.ClickSquare(to.x, to.y, Qt::RightButton);
+      ASSERT_TRUE(run.WaitFor([&] { return run.game().turn.gameMode != ModeConfirmMove; }));
+      ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
+      moves.push_back({{from.x, from.y}, {to.x, to.y}});
+    }
+    byMouse = run.game().match.record;
+  }
+  ASSERT_EQ(byMouse.events.size(), static_cast<std::size_t>(kMoveCount));
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  StartHotSeat(run);
+  run.window().SetChosenTurn(TurnChoice::Mine);  // each army turned down on its turn
+  Game& game = run.game();
+  run.window().view().setFocus();
+  for (const PlannedMove& move : moves) {
+    SCOPED_TRACE(testing::Message() << move.from.x << "," << move.from.y);
+    ASSERT_TRUE(
+        run.WaitFor([&] { return game.view.bottomTeam == game.match.position.currentTeam; }));
+    TabTo(run, move.from.x, move.from.y);
+    Key(run, Qt::Key_Space);
+    ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+    Key(run, Qt::Key_Escape);  // thought better of it
+    ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
+    Key(run, Qt::Key_Return);
+    ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+    CursorTo(run, move.to.x, move.to.y);
+    Key(run, Qt::Key_Return);
+    ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+    Key(run, Qt::Key_Return);
+    ASSERT_TRUE(run.WaitFor([&] { return game.turn.gameMode != ModeConfirmMove; }));
+    ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
+  }
+  EXPECT_EQ(game.match.record, byMouse);
+}
+
+}  // namespace
+}  // namespace varkesh
