@@ -35,7 +35,7 @@ struct Setup {
   // kHuman, or the personality of a computer seat.
   PerTeam<int> playerKinds{};
   // The level of each computer seat; meaningless for a human seat.
-  PerTeam<int> levels{};
+  PerTeam<int> levels{kLevelClassic, kLevelClassic, kLevelClassic, kLevelClassic};
 
   bool AllHuman() const {
     for (int kind : playerKinds)

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/setup.h"
 #include "core/types.h"
 #include "flow/net_link.h"
 
@@ -38,8 +39,8 @@ struct NewGameChoice {
   int kingCaptureRule = kKingdomGained;
   PerTeam<int> players{};
   std::string name;
-  // The level of each computer seat; 0 plays as Classic.
-  PerTeam<int> levels{};
+  // The level of each computer seat.
+  PerTeam<int> levels = Setup{}.levels;
 };
 
 // Message boxes: an OK box, and a Yes/No question (true for Yes).
@@ -109,7 +110,11 @@ class Clock {
 // All of the above, as the main loop needs them; each procedure asks only
 // for the part it uses. The desktop program implements it with Qt, the
 // command-line tool with answers from its commands, the tests with a fake.
-class Outside : public Boxes, public Dialogs, public Labels, public Menus, public Sounds,
+class Outside : public Boxes,
+                public Dialogs,
+                public Labels,
+                public Menus,
+                public Sounds,
                 public Clock {
  public:
   // Program folder, log level and logs.

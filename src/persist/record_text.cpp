@@ -315,7 +315,8 @@ std::optional<std::string> WriteRecordText(const GameRecord& game, const Board* 
     const int kind = TeamEntry(game.setup.playerKinds, team);
     AddTag(text, TeamName(team), NameIn(kPlayerNames, kind));
     if (kind != kHuman)
-      AddTag(text, std::string(TeamName(team)) + "Level", TeamEntry(game.levels, team));
+      AddTag(text, std::string(TeamName(team)) + "Level",
+             LevelName(TeamEntry(game.setup.levels, team)));
   }
   AddTag(text, "Result", ResultText(position));
   AddTag(text, "Start", startText);
@@ -362,8 +363,11 @@ std::optional<RecordProblem> ReadRecordText(std::string_view text, const Board* 
     read.setup.playerKinds[static_cast<std::size_t>(team - 1)] = kind;
     const auto level = tags.find(std::string(TeamName(team)) + "Level");
     if (level == tags.end()) continue;
-    if (level->second.first.empty()) return RecordProblem{level->second.second, "an empty level"};
-    read.levels[static_cast<std::size_t>(team - 1)] = level->second.first;
+    int named = kLevelClassic;
+    while (named <= kLevelMaster && level->second.first != LevelName(named)) ++named;
+    if (named > kLevelMaster)
+      return RecordProblem{level->second.second, "a level is Classic, Club, Expert or Master"};
+    read.setup.levels[static_cast<std::size_t>(team - 1)] = named;
   }
   const auto& [startText, startLine] = tags["Start"];
   if (startText == kStandardStart) {

@@ -12,14 +12,10 @@
 
 namespace varkesh {
 
-// The level every computer seat plays at until levels can be chosen.
-inline constexpr const char* kClassicLevel = "Classic";
-
 // What a record file holds.
 struct GameRecord {
   Setup setup;
   std::string date;  // "2026.11.25", or empty when unknown
-  PerTeam<std::string> levels{kClassicLevel, kClassicLevel, kClassicLevel, kClassicLevel};
   Record record;
   bool operator==(const GameRecord&) const = default;
 };
@@ -44,8 +40,8 @@ std::optional<RecordProblem> ReadRecordText(std::string_view text, const Board* 
 // One event as the record writes it.
 struct EventText {
   int round = 0;
-  int team = kNoTeam;  // who played it
-  std::string move;    // "Qi2xi12#", "Pe14-e15=2", "resigns(Black)"
+  int team = kNoTeam;              // who played it
+  std::string move;                // "Qi2xi12#", "Pe14-e15=2", "resigns(Black)"
   std::vector<std::string> notes;  // "Black falls", "White and Black win"
 };
 

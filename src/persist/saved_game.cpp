@@ -96,7 +96,7 @@ std::string LevelsLine(const Setup& setup) {
 }
 
 PerTeam<int> ReadLevels(std::string_view text) {
-  PerTeam<int> levels{};
+  PerTeam<int> levels = Setup{}.levels;
   if (text.substr(0, 2) != "L ") return levels;
   text.remove_prefix(2);
   while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);

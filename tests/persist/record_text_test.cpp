@@ -57,7 +57,7 @@ GameRecord RecordOf(const Match& match) {
   GameRecord game;
   game.setup = match.setup;
   game.date = "2026.11.25";
-  game.levels[1] = "Strong";
+  game.setup.levels[1] = kLevelExpert;
   game.record = match.record;
   return game;
 }
@@ -164,6 +164,7 @@ TEST(RecordTextTest, ADamagedRecordIsRefusedWithLineAndReason) {
       {swapped("[Rule \"Kingdom Lost\"]", "[Rule \"Kingdom Kept\"]"), 4, "no such rule"},
       {swapped("[GameType \"Allied Neighbors\"]\n", ""), 14, "the tag GameType is missing"},
       {swapped("[Blue \"Aggressive\"]", "[Blue \"Clever\"]"), 6, "a player is Human"},
+      {swapped("[BlueLevel \"Expert\"]", "[BlueLevel \"Strong\"]"), 7, "a level is Classic"},
       {swapped("[Name \"Moat Keep\"]", "[Name Moat Keep]"), 1, "a tag is [Key"},
       {swapped("[Name \"Moat Keep\"]", "[Name \"Moat \\\"Keep\"]"), 1, "double quote"},
       {swapped("[Result \"*\"]", "[Result \"Red\"]"), 12, "the result is *, not Red"},
