@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "ai/ai_values.h"
-#include "ai/threats.h"
+#include "ai/attack_scores.h"
 #include "core/labels.h"
 #include "core/piece_moves.h"
 
@@ -14,11 +14,6 @@ namespace {
 
 std::string PieceOf(int team, int piece) {
   return std::string(" (") + TeamName(team) + " " + PieceName(piece) + ")";
-}
-
-std::string ScoredSquareLine(const char* head, int x, int y, int value, const Square& square) {
-  return head + std::to_string(x) + ", " + std::to_string(y) + ": " + std::to_string(value) +
-         PieceOf(square.team, square.piece);
 }
 
 void LogMoveHead(const Position& position, AiOutside& outside, const AiLog& log, int index,
@@ -44,14 +39,16 @@ int LivePieces(const Board& board) {
 
 // The board right after the move, as the evaluator pictures it: the piece
 // lands, and nothing else happens; a move onto the team's own piece is the
-// castle move and the two change places.
-void PlayOnScratch(Board& scratch, MoveRec& move, int personality, const AiLog& log) {
-  if (!Board::InBounds(move.fromX, move.fromY) || !Board::InBounds(move.toX, move.toY)) return;
+// castle move and the two change places. False when the move names a square
+// off the board and nothing is played.
+bool PlayOnScratch(Board& scratch, MoveRec& move, int personality, const AiLog& log) {
+  if (!Board::InBounds(move.fromX, move.fromY) || !Board::InBounds(move.toX, move.toY))
+    return false;
   Square& from = scratch.at(move.fromX, move.fromY);
   Square& to = scratch.at(move.toX, move.toY);
   if (to.team == from.team) {
     std::swap(from.piece, to.piece);
-    return;
+    return true;
   }
   if (to.piece > 0) {
     move.captureScore = AiValue(personality, kCaptureValue, to.piece);
@@ -63,42 +60,27 @@ void PlayOnScratch(Board& scratch, MoveRec& move, int personality, const AiLog& 
   to.team = from.team;
   from.piece = kNoPiece;
   from.team = kNoTeam;
+  return true;
 }
 
-// Every attacked piece counts, whoever attacks it and however often.
-void ScoreAttacks(const Board& scratch, int gameType, int team, MoveRec& move, int personality,
-                  unsigned enemies, const AiLog& log) {
-  for (int y = 0; y < kBoardSide; ++y) {
-    for (int x = 0; x < kBoardSide; ++x) {
-      const Square& square = scratch.at(x, y);
-      if (square.piece < 1) continue;
-      const bool own = square.team == team;
-      const bool enemy = IsEnemy(enemies, square.team);
-      Attacker attacker;
-      if (TestThreat(scratch, gameType, x, y, log.On() ? &attacker : nullptr)) {
-        if (log.On())
-          WriteAiLog(log, "               *** Threat from " + std::string(TeamName(attacker.team)) +
-                              " " + PieceName(attacker.piece) + " at " +
-                              std::to_string(attacker.x) + "," + std::to_string(attacker.y));
-        if (own) {
-          const int value = AiValue(personality, kDangerValue, square.piece);
-          move.dangerScore += value;
-          if (log.On())
-            WriteAiLog(log, ScoredSquareLine("          * Danger at ", x, y, value, square));
-        } else if (enemy) {
-          const int value = AiValue(personality, kThreatValue, square.piece);
-          move.threatScore += value;
-          if (log.On())
-            WriteAiLog(log, ScoredSquareLine("          Threaten at ", x, y, value, square));
-        }
-      } else if (enemy && TestMoatlessThreat(scratch, gameType, x, y)) {
-        const int value = AiValue(personality, kWeakThreatValue, square.piece);
-        move.weakThreatScore += value;
-        if (log.On())
-          WriteAiLog(log, ScoredSquareLine("          Give Weak Threat at ", x, y, value, square));
+// The log names every attacked piece, so it judges the whole board; otherwise
+// only what the move can have changed is judged again.
+AttackScores ScoreAttacks(const Board& scratch, const BoardAttacks& before,
+                          const AttackJudge& judge, const MoveRec& move, const AiLog& log) {
+  if (log.On()) {
+    AttackScores sum;
+    for (int y = 0; y < kBoardSide; ++y) {
+      for (int x = 0; x < kBoardSide; ++x) {
+        const AttackScores here = ScoreSquare(scratch, judge, x, y, log);
+        sum.threat += here.threat;
+        sum.weakThreat += here.weakThreat;
+        sum.danger += here.danger;
       }
     }
+    return sum;
   }
+  return ScoreChangedBoard(before, scratch, judge, Board::Index(move.fromX, move.fromY),
+                           Board::Index(move.toX, move.toY));
 }
 
 // The buffer keeps its room from move to move, so the label costs no allocation.
@@ -140,18 +122,26 @@ ScoreSummary ScoreAiMoves(const Position& position, AiMoveList& moves, Random& r
                           AiOutside& outside, int personality, const AiLog& log) {
   ScoreSummary summary;
   summary.pieceCount = LivePieces(position.board);
-  const unsigned enemies = EnemyTeams(position.gameType, position.currentTeam);
+  const AttackJudge judge{position.gameType, position.currentTeam,
+                          EnemyTeams(position.gameType, position.currentTeam), personality};
+  const BoardAttacks before = ScoreBoard(position.board, judge);
   std::string progress;
   progress.reserve(32);
-  Board scratch;
+  Board scratch = position.board;
   // The count is read anew each time: the yields let events run in between.
   for (int i = 1; i <= moves.Count(); ++i) {
     MoveRec& move = moves[i];
     if (log.On()) LogMoveHead(position, outside, log, i, move);
-    scratch = position.board;
-    PlayOnScratch(scratch, move, personality, log);
-    ScoreAttacks(scratch, position.gameType, position.currentTeam, move, personality, enemies,
-                 log);
+    const bool played = PlayOnScratch(scratch, move, personality, log);
+    const AttackScores attacks =
+        played ? ScoreAttacks(scratch, before, judge, move, log) : before.total;
+    move.threatScore += attacks.threat;
+    move.weakThreatScore += attacks.weakThreat;
+    move.dangerScore += attacks.danger;
+    if (played) {
+      scratch.at(move.fromX, move.fromY) = position.board.at(move.fromX, move.fromY);
+      scratch.at(move.toX, move.toY) = position.board.at(move.toX, move.toY);
+    }
 
     // A tie rises by at most 1, so a later equal move wins only on a 1.
     if (ImmediateScore(move) == summary.bestImmediate) move.captureScore += TieBreak(random);
