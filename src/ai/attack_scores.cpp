@@ -22,17 +22,17 @@ void Subtract(AttackScores& sum, const AttackScores& part) {
 }
 
 std::string ScoredSquareLine(const char* head, int x, int y, int value, const Square& square) {
-  return head + std::to_string(x) + ", " + std::to_string(y) + ": " + std::to_string(value) +
-         " (" + TeamName(square.team) + " " + PieceName(square.piece) + ")";
+  return head + std::to_string(x) + ", " + std::to_string(y) + ": " + std::to_string(value) + " (" +
+         TeamName(square.team) + " " + PieceName(square.piece) + ")";
 }
 
 // The squares whose judgement can differ between two boards that differ on
 // two squares: those squares, the Knight's jumps from them, and along each
-// line the first piece or edge, since the threat test looks no further. The
-// changed squares themselves are seen through: one of them may empty.
+// line the first piece or edge, since the threat test looks no further. What
+// lies on a line beyond one changed square is found from that square.
 class ChangedReach {
  public:
-  ChangedReach(const Board& board, int a, int b) : a_(a), b_(b) {
+  ChangedReach(const Board& board, int a, int b) {
     Add(a);
     Add(b);
     Look(board, a);
@@ -60,11 +60,9 @@ class ChangedReach {
     for (const auto& line : kLines) {
       for (int nx = x + line[0], ny = y + line[1]; Board::InBounds(nx, ny);
            nx += line[0], ny += line[1]) {
-        const int index = Board::Index(nx, ny);
-        if (index == a_ || index == b_) continue;
-        const Square& square = board.squares[static_cast<std::size_t>(index)];
+        const Square& square = board.at(nx, ny);
         if (square.terrain == kOffBoard || square.piece != kNoPiece) {
-          Add(index);
+          Add(Board::Index(nx, ny));
           break;
         }
       }
@@ -74,7 +72,6 @@ class ChangedReach {
     }
   }
 
-  int a_, b_;
   std::array<int, kMost> squares_{};
   int count_ = 0;
 };
@@ -108,8 +105,8 @@ AttackScores ScoreSquare(const Board& board, const AttackJudge& judge, int x, in
   } else if (enemy && TestMoatlessThreat(board, judge.gameType, x, y)) {
     scores.weakThreat = AiValue(judge.personality, kWeakThreatValue, square.piece);
     if (log.On())
-      WriteAiLog(log, ScoredSquareLine("          Give Weak Threat at ", x, y, scores.weakThreat,
-                                       square));
+      WriteAiLog(
+          log, ScoredSquareLine("          Give Weak Threat at ", x, y, scores.weakThreat, square));
   }
   return scores;
 }
