@@ -102,7 +102,9 @@ AttackScores ScoreSquare(const Board& board, const AttackJudge& judge, int x, in
       if (log.On())
         WriteAiLog(log, ScoredSquareLine("          Threaten at ", x, y, scores.threat, square));
     }
-  } else if (enemy && TestMoatlessThreat(board, judge.gameType, x, y)) {
+    // Off a keep the weak picture, without the King, finds no attacker that
+    // the ordinary one misses.
+  } else if (enemy && square.terrain == kKeep && TestMoatlessThreat(board, judge.gameType, x, y)) {
     scores.weakThreat = AiValue(judge.personality, kWeakThreatValue, square.piece);
     if (log.On())
       WriteAiLog(

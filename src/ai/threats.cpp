@@ -21,6 +21,14 @@ constexpr Ray kRays[] = {
     {0, 1, kRook},  {-1, 1, kBishop}, {-1, 0, kRook}, {-1, -1, kBishop},
 };
 
+struct Jump {
+  int dx;
+  int dy;
+};
+
+// In the order of a scan of the five rows around the target.
+constexpr Jump kJumps[] = {{-1, -2}, {1, -2}, {-2, -1}, {2, -1}, {-2, 1}, {2, 1}, {-1, 2}, {1, 2}};
+
 // The Pawn is not here: its diagonal strike has a rule of its own.
 bool StrikesFromNextSquare(int piece, bool diagonal, Picture picture) {
   if (piece == kQueen) return true;
@@ -40,7 +48,8 @@ bool FindAttacker(const Board& board, int gameType, int x, int y, Picture pictur
   const Square& target = board.at(x, y);
   if (target.piece < 1) return false;
   const int team = target.team;
-  const auto opposed = [&](int other) { return IsHostile(gameType, team, other); };
+  const unsigned hostile = HostileTeamsOf(gameType, team);
+  const auto opposed = [hostile](int other) { return InTeams(hostile, other); };
   const auto found = [&](int ax, int ay) {
     if (by != nullptr) *by = {ax, ay, board.at(ax, ay).team, board.at(ax, ay).piece};
     return true;
@@ -63,14 +72,12 @@ bool FindAttacker(const Board& board, int gameType, int x, int y, Picture pictur
   }
 
   // Moats and keeps do not stop a Knight.
-  for (int dy = -2; dy <= 2; ++dy) {
-    for (int dx = -2; dx <= 2; ++dx) {
-      const int nx = x + dx, ny = y + dy;
-      if ((dx < 0 ? -dx : dx) + (dy < 0 ? -dy : dy) != 3 || !Board::InBounds(nx, ny)) continue;
-      const Square& jumper = board.at(nx, ny);
-      if (jumper.terrain != kOffBoard && jumper.piece == kKnight && opposed(jumper.team))
-        return found(nx, ny);
-    }
+  for (const Jump& jump : kJumps) {
+    const int nx = x + jump.dx, ny = y + jump.dy;
+    if (!Board::InBounds(nx, ny)) continue;
+    const Square& jumper = board.at(nx, ny);
+    if (jumper.terrain != kOffBoard && jumper.piece == kKnight && opposed(jumper.team))
+      return found(nx, ny);
   }
 
   // Nothing on the battlefield reaches into a keep along a line; the wall
