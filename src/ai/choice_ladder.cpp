@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
-#include <vector>
 
 #include "ai/ai_values.h"
 #include "ai/threats.h"
@@ -57,15 +56,28 @@ bool StartingKnight(const Position& position, const MoveRec& move) {
          KnightHome(position.currentTeam, move.fromX, move.fromY);
 }
 
+// The short list needs no list of its own: the ladder only ever raises the
+// full score of a move on it, so no move leaves it or joins it.
+bool ShortListed(const MoveRec& move) {
+  return FullScore(move) > kShortListFloor;
+}
+
+// The index of the draw-th short-listed move, counted from 0.
+int NthShortListed(const AiMoveList& moves, int draw) {
+  for (int i = 1; i <= moves.Count(); ++i)
+    if (ShortListed(moves[i]) && draw-- == 0) return i;
+  return 0;
+}
+
 // The best full score among the short-listed moves that pass the test; a tie
 // draws a 0 or 1 into the later move's threat score. 0 when none passes.
 template <class Test>
-int BestOfTier(AiMoveList& moves, Random& random, const std::vector<int>& shortList, Test passes) {
+int BestOfTier(AiMoveList& moves, Random& random, Test passes) {
   int best = kNoScore;
   int bestMove = 0;
-  for (int index : shortList) {
+  for (int index = 1; index <= moves.Count(); ++index) {
     MoveRec& move = moves[index];
-    if (!passes(move)) continue;
+    if (!ShortListed(move) || !passes(move)) continue;
     if (FullScore(move) == best) move.threatScore += TieBreak(random);
     if (FullScore(move) > best) {
       best = FullScore(move);
@@ -75,18 +87,16 @@ int BestOfTier(AiMoveList& moves, Random& random, const std::vector<int>& shortL
   return bestMove;
 }
 
-AiChoice Opening(const Position& position, AiMoveList& moves, Random& random,
-                 const std::vector<int>& shortList, int personality) {
+AiChoice Opening(const Position& position, AiMoveList& moves, Random& random, int personality) {
   const auto startingPawn = [&](const MoveRec& m) { return StartingPawn(position.board, m); };
   const auto defensivePawn = [&](const MoveRec& m) {
     return StartingPawn(position.board, m) && DefensivePawnSquare(m);
   };
-  int move = personality == kDefensive ? BestOfTier(moves, random, shortList, defensivePawn)
-                                       : BestOfTier(moves, random, shortList, startingPawn);
+  int move = personality == kDefensive ? BestOfTier(moves, random, defensivePawn)
+                                       : BestOfTier(moves, random, startingPawn);
   if (move > 0) return {move, AiTier::StartingPawn};
   if (personality != kAggressive) {
-    move = BestOfTier(moves, random, shortList,
-                      [&](const MoveRec& m) { return StartingKnight(position, m); });
+    move = BestOfTier(moves, random, [&](const MoveRec& m) { return StartingKnight(position, m); });
     if (move > 0) return {move, AiTier::StartingKnight};
   }
   return {};
@@ -125,36 +135,32 @@ AiChoice ClimbLadder(const Position& position, AiMoveList& moves, Random& random
     return {scores.bestImmediateMove, AiTier::TopMove};
   if (scores.bestFull > kDecisiveScore) return {scores.bestFullMove, AiTier::TopThreat};
 
-  std::vector<int> shortList;
-  shortList.reserve(static_cast<std::size_t>(moves.Count()));
-  for (int i = 1; i <= moves.Count(); ++i)
-    if (FullScore(moves[i]) > kShortListFloor) shortList.push_back(i);
-  if (log.On())
-    WriteAiLog(log, "          + Number on Short List: " + std::to_string(shortList.size()));
-  if (shortList.empty()) return {scores.bestImmediateMove, AiTier::BestOfTheWorst};
+  const int shortListed = static_cast<int>(
+      std::count_if(moves.begin(), moves.end(), [](const MoveRec& m) { return ShortListed(m); }));
+  if (log.On()) WriteAiLog(log, "          + Number on Short List: " + std::to_string(shortListed));
+  if (shortListed == 0) return {scores.bestImmediateMove, AiTier::BestOfTheWorst};
 
   // The first such move, not the best: a raid beats any score.
-  for (int index : shortList) {
+  for (int index = 1; index <= moves.Count(); ++index) {
     const MoveRec& move = moves[index];
-    if (position.board.at(move.fromX, move.fromY).piece == kPawn &&
+    if (ShortListed(move) && position.board.at(move.fromX, move.fromY).piece == kPawn &&
         position.board.at(move.toX, move.toY).terrain == kKeep)
       return {index, AiTier::PawnIntoKeep};
   }
 
   if (scores.pieceCount > kOpeningAbove) {
-    const AiChoice opening = Opening(position, moves, random, shortList, personality);
+    const AiChoice opening = Opening(position, moves, random, personality);
     if (opening.index > 0) return opening;
   } else if (scores.pieceCount < kEndgameBelow) {
-    const int move = BestOfTier(moves, random, shortList, [&](const MoveRec& m) {
+    const int move = BestOfTier(moves, random, [&](const MoveRec& m) {
       return AdvancesPawn(position, m.fromX, m.fromY, m.toX, m.toY);
     });
     if (move > 0) return {move, AiTier::AdvancesPawn};
   } else {
-    return {BestOfTier(moves, random, shortList, [](const MoveRec&) { return true; }),
+    return {BestOfTier(moves, random, [](const MoveRec&) { return true; }),
             AiTier::BestOfWhatsLeft};
   }
-  const int draw = random.Below(static_cast<int>(shortList.size()));
-  return {shortList[static_cast<std::size_t>(draw)], AiTier::RandomMove};
+  return {NthShortListed(moves, random.Below(shortListed)), AiTier::RandomMove};
 }
 
 int ResolvePersonality(const Position& position, const Setup& setup, int requested) {
