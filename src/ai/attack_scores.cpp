@@ -21,9 +21,20 @@ void Subtract(AttackScores& sum, const AttackScores& part) {
   sum.danger -= part.danger;
 }
 
-std::string ScoredSquareLine(const char* head, int x, int y, int value, const Square& square) {
-  return head + std::to_string(x) + ", " + std::to_string(y) + ": " + std::to_string(value) + " (" +
-         TeamName(square.team) + " " + PieceName(square.piece) + ")";
+// The log lines live apart, so that judging without a log builds no text.
+void LogAttacker(const AiLog& log, const Attacker& attacker) {
+  if (!log.On()) return;
+  WriteAiLog(log, "               *** Threat from " + std::string(TeamName(attacker.team)) + " " +
+                      PieceName(attacker.piece) + " at " + std::to_string(attacker.x) + "," +
+                      std::to_string(attacker.y));
+}
+
+void LogScoredSquare(const AiLog& log, const char* head, int x, int y, int value,
+                     const Square& square) {
+  if (!log.On()) return;
+  WriteAiLog(log, head + std::to_string(x) + ", " + std::to_string(y) + ": " +
+                      std::to_string(value) + " (" + TeamName(square.team) + " " +
+                      PieceName(square.piece) + ")");
 }
 
 // The squares whose judgement can differ between two boards that differ on
@@ -86,29 +97,22 @@ AttackScores ScoreSquare(const Board& board, const AttackJudge& judge, int x, in
   // An ally's attackers count for nothing; only the log names them.
   if (square.piece < 1 || (!own && !enemy && !log.On())) return {};
 
+  // The weak test is for pieces in a keep: elsewhere the weak picture, without
+  // the King, finds no attacker that the ordinary one misses.
   AttackScores scores;
   Attacker attacker;
   if (TestThreat(board, judge.gameType, x, y, log.On() ? &attacker : nullptr)) {
-    if (log.On())
-      WriteAiLog(log, "               *** Threat from " + std::string(TeamName(attacker.team)) +
-                          " " + PieceName(attacker.piece) + " at " + std::to_string(attacker.x) +
-                          "," + std::to_string(attacker.y));
+    LogAttacker(log, attacker);
     if (own) {
       scores.danger = AiValue(judge.personality, kDangerValue, square.piece);
-      if (log.On())
-        WriteAiLog(log, ScoredSquareLine("          * Danger at ", x, y, scores.danger, square));
+      LogScoredSquare(log, "          * Danger at ", x, y, scores.danger, square);
     } else if (enemy) {
       scores.threat = AiValue(judge.personality, kThreatValue, square.piece);
-      if (log.On())
-        WriteAiLog(log, ScoredSquareLine("          Threaten at ", x, y, scores.threat, square));
+      LogScoredSquare(log, "          Threaten at ", x, y, scores.threat, square);
     }
-    // Off a keep the weak picture, without the King, finds no attacker that
-    // the ordinary one misses.
   } else if (enemy && square.terrain == kKeep && TestMoatlessThreat(board, judge.gameType, x, y)) {
     scores.weakThreat = AiValue(judge.personality, kWeakThreatValue, square.piece);
-    if (log.On())
-      WriteAiLog(
-          log, ScoredSquareLine("          Give Weak Threat at ", x, y, scores.weakThreat, square));
+    LogScoredSquare(log, "          Give Weak Threat at ", x, y, scores.weakThreat, square);
   }
   return scores;
 }
