@@ -6,6 +6,7 @@
 #include "core/apply_move.h"
 #include "core/perft.h"
 #include "core/rules.h"
+#include "move_text.h"
 
 namespace varkesh::cli {
 
@@ -13,16 +14,6 @@ namespace {
 
 constexpr const char* kUsage = "perft FILE DEPTH [--divide]";
 constexpr int kDeepest = 64;
-
-// "8,13-8,11", with "/K" for pawn option line K and "/none" for the dialog
-// closed without a choice.
-std::string BranchName(const Move& move) {
-  std::string name = std::to_string(move.fromX) + "," + std::to_string(move.fromY) + "-" +
-                     std::to_string(move.toX) + "," + std::to_string(move.toY);
-  if (move.option >= 0) name += "/" + std::to_string(move.option);
-  if (move.option == kOptionClosed) name += "/none";
-  return name;
-}
 
 }  // namespace
 
@@ -44,7 +35,7 @@ int CmdPerft(const Args& args) {
       const std::uint64_t count = Perft(position, depth - 1);
       UndoMove(position, move, undo);
       nodes += count;
-      std::printf("%s %llu\n", BranchName(move).c_str(), static_cast<unsigned long long>(count));
+      std::printf("%s %llu\n", MoveText(move).c_str(), static_cast<unsigned long long>(count));
     }
   } else {
     nodes = Perft(position, depth);
