@@ -214,6 +214,13 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_TRUE(cy.WaitFor([&] { return cy.game().view.bottomTeam == kRed; }));
   EXPECT_TRUE(bo.WaitFor([&] { return bo.game().view.bottomTeam == kWhite; }));
   EXPECT_TRUE(host.WaitFor([&] { return host.game().view.bottomTeam == kBlue; }));
+  // Given Blue too, Cy sees its first seat, Blue, at the bottom; Blue goes back.
+  Click(hostChat, "cmdAssign1");
+  EXPECT_TRUE(cy.WaitFor([&] { return cy.game().view.bottomTeam == kBlue; }));
+  SelectNode(host, 0);
+  Click(hostChat, "cmdAssign1");
+  EXPECT_TRUE(cy.WaitFor([&] { return cy.game().view.bottomTeam == kRed; }));
+  EXPECT_TRUE(host.WaitFor([&] { return host.game().view.bottomTeam == kBlue; }));
 
   // Bo plays White by clicks; the host and Cy see it.
   const Board before = host.game().match.position.board;
