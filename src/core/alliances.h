@@ -38,7 +38,8 @@ struct HostileTable {
 constexpr HostileTable MakeHostileTable() {
   HostileTable table;
   for (int type = kAlliedNeighbors; type <= kAnarchy; ++type)
-    for (int team = kNoTeam; team <= kRed; ++team) table.bits[type][team] = HostileTeams(type, team);
+    for (int team = kNoTeam; team <= kRed; ++team)
+      table.bits[type][team] = HostileTeams(type, team);
   return table;
 }
 inline constexpr HostileTable kHostileTable = MakeHostileTable();

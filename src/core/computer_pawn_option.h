@@ -7,7 +7,7 @@
 namespace varkesh {
 
 struct ComputerPawnChoice {
-  bool onBoard = false;   // take the piece on (x, y)
+  bool onBoard = false;  // take the piece on (x, y)
   int x = 0, y = 0;
   int prisonerIndex = 0;  // else free this prisoner of the keep's owner; 0: nothing
 };

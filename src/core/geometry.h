@@ -47,7 +47,8 @@ constexpr Geometry MakeGeometry() {
       const int index = Board::Index(x, y);
       g.x[static_cast<std::size_t>(index)] = static_cast<std::int8_t>(x);
       g.y[static_cast<std::size_t>(index)] = static_cast<std::int8_t>(y);
-      if (OnDiamond(x, y)) g.diamond[static_cast<std::size_t>(next++)] = static_cast<std::int16_t>(index);
+      if (OnDiamond(x, y))
+        g.diamond[static_cast<std::size_t>(next++)] = static_cast<std::int16_t>(index);
       for (int d = 0; d < kDirections; ++d) {
         const int nx = x + kStepX[d], ny = y + kStepY[d];
         const int jx = x + kJumpX[d], jy = y + kJumpY[d];

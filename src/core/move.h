@@ -11,7 +11,8 @@ namespace varkesh {
 
 // The pawn option of a move. A line index (0 and up) of the options dialog,
 // or one of these.
-inline constexpr int kOptionNone = -1;      // no choice: none is due, or none is offered (the pawn is lost)
+inline constexpr int kOptionNone =
+    -1;  // no choice: none is due, or none is offered (the pawn is lost)
 inline constexpr int kOptionClosed = -2;    // the dialog was closed with no choice: the pawn stays
 inline constexpr int kOptionComputer = -3;  // the computer's fixed rule chooses
 

@@ -145,8 +145,7 @@ void PawnMoves(const Mover& m, Add& add) {
     if (to == kNowhere) continue;
     const Square& target = m.At(to);
     if (PawnMayEnter(m, from, target)) {
-      const bool reaches =
-          IsOrthogonal(d) ? target.piece == kNoPiece : m.HoldsHostilePiece(target);
+      const bool reaches = IsOrthogonal(d) ? target.piece == kNoPiece : m.HoldsHostilePiece(target);
       if (reaches) add(to);
     }
     // Standing in its own moat means the pawn has not moved yet: it may

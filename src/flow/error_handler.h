@@ -5,8 +5,8 @@
 #include <exception>
 #include <string>
 
-#include "flow/outside.h"
 #include "engine/general_engine.h"
+#include "flow/outside.h"
 
 namespace varkesh {
 

@@ -15,7 +15,8 @@ bool SeatIsLocal(const Game& game) {
 // the board is nobody's.
 bool TakeTurnOnThisMachine(Game& game, Outside& outside) {
   bool local = SeatIsLocal(game);
-  if (!local || !Board::InBounds(game.view.clickX, game.view.clickY)) game.view.clickPending = false;
+  if (!local || !Board::InBounds(game.view.clickX, game.view.clickY))
+    game.view.clickPending = false;
   outside.SetMenuEnabled(Menu::Resign, local);
   return local;
 }
@@ -49,7 +50,8 @@ void ChoosePiece(Game& game, Outside& outside) {
 void ChooseDestination(Game& game, Outside& outside) {
   game.turn.moveToX = game.view.clickX;
   game.turn.moveToY = game.view.clickY;
-  ShowPiece(game, outside, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY);
+  ShowPiece(game, outside, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX,
+            game.turn.moveToY);
   game.turn.gameMode = ModeConfirmMove;
   ShowChoice(game, outside);
 }
@@ -99,7 +101,8 @@ void StepChooseDestination(Game& game, Outside& outside, GameView& view) {
 
 void StepConfirmMove(Game& game, Outside& outside, GameView& view) {
   DrawBlock(game, view);
-  view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX, game.turn.moveToY, true);
+  view.DrawMove(game, game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX,
+                game.turn.moveToY, true);
   HintBlock(game, outside, view, Hint::Confirm);
   ShowBlock(game, view);
   if (!TakeTurnOnThisMachine(game, outside)) return;
@@ -107,7 +110,8 @@ void StepConfirmMove(Game& game, Outside& outside, GameView& view) {
   if (!game.view.clickPending || !game.view.clickRight) return;
   game.view.clickPending = false;
   // Only a right click on the chosen destination confirms the move.
-  if (game.view.clickX == game.turn.moveToX && game.view.clickY == game.turn.moveToY) AcceptMove(game, outside);
+  if (game.view.clickX == game.turn.moveToX && game.view.clickY == game.turn.moveToY)
+    AcceptMove(game, outside);
 }
 
 }  // namespace varkesh

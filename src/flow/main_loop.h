@@ -4,8 +4,8 @@
 #pragma once
 
 #include "flow/game.h"
-#include "flow/outside.h"
 #include "flow/game_view.h"
+#include "flow/outside.h"
 
 namespace varkesh {
 

@@ -71,7 +71,8 @@ void StepVictorySetUp(Game& game, Outside& outside, GameView& view) {
 void StepVictory(Game& game, Outside& outside, GameView& view) {
   double now = outside.Now();
   int winnerFrame = WaveFlag(game, 0, now, kWinnerFlagPeriod);
-  int coWinnerFrame = game.match.position.coWinner > 0 ? WaveFlag(game, 1, now, kCoWinnerFlagPeriod) : -1;
+  int coWinnerFrame =
+      game.match.position.coWinner > 0 ? WaveFlag(game, 1, now, kCoWinnerFlagPeriod) : -1;
   view.DrawVictoryFlags(game, winnerFrame, coWinnerFrame);
   view.ShowViewport();
   if (game.view.clickPending) {

@@ -92,7 +92,8 @@ std::string RefusalOf(const Game& game, int from, std::string_view message) {
   if (!IsGameVerb(parts.verb)) return "only the host sends that";
   if (!PlayerTurn(game.turn.gameMode)) return "no player's turn is under way";
   if (!HoldsTurn(game, from))
-    return std::string("the node does not hold the seat of ") + TeamName(game.match.position.currentTeam);
+    return std::string("the node does not hold the seat of ") +
+           TeamName(game.match.position.currentTeam);
   if (parts.verb == "GUPM") {
     int squares[4];
     return ReadNumbers(parts.payload, 4, 0, kBoardSide - 1, squares) ? std::string()

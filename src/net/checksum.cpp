@@ -53,7 +53,8 @@ int GameChecksum(const Game& game, const PerTeam<int>& kinds, const PerTeam<int>
   }
   print.AddAll(game.match.position.castleRight);
   print.AddAll(game.match.position.kingdomFallen);
-  for (int value : {game.match.position.currentTeam, game.match.position.roundNumber, game.match.position.gameType, game.match.position.kingCaptureRule})
+  for (int value : {game.match.position.currentTeam, game.match.position.roundNumber,
+                    game.match.position.gameType, game.match.position.kingCaptureRule})
     print.Add(value);
   print.AddAll(kinds);
   print.AddAll(seats);

@@ -19,8 +19,8 @@ std::string MoveMessage(const MoveEffects& effects) {
 std::optional<Move> MoveOfMessage(const Game& game, int kind, int argA, int argB) {
   const TurnState& turn = game.turn;
   Move move = Move::Of(turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY);
-  const MoveOptions options = PawnOptionsOfMove(game.match.position, turn.moveFromX,
-                                                turn.moveFromY, turn.moveToX, turn.moveToY);
+  const MoveOptions options = PawnOptionsOfMove(game.match.position, turn.moveFromX, turn.moveFromY,
+                                                turn.moveToX, turn.moveToY);
   const std::vector<PawnOption>& lines = options.options;
   if (kind == kMovePlain) {
     move.option = static_cast<std::int16_t>(lines.empty() ? kOptionNone : kOptionClosed);

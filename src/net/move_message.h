@@ -10,7 +10,8 @@
 
 namespace varkesh::net {
 
-inline constexpr int kMovePlain = 0;          // no option taken: none due, none offered, or the dialog closed
+inline constexpr int kMovePlain =
+    0;  // no option taken: none due, none offered, or the dialog closed
 inline constexpr int kMoveCaptureInKeep = 1;  // argA, argB: the square taken
 inline constexpr int kMoveFreePrisoner = 2;   // argA: the prisoner's index
 

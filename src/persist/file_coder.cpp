@@ -96,7 +96,8 @@ std::pair<std::string, unsigned char> Uncompress(std::string_view coded) {
 std::string EncodeTexts(const std::vector<std::string>& parts) {
   std::string plain;
   for (const std::string& part : parts) {
-    if (part.size() > kMaxPlainLength) throw std::runtime_error("The game text is too long to save");
+    if (part.size() > kMaxPlainLength)
+      throw std::runtime_error("The game text is too long to save");
     PutNumber(plain, static_cast<std::uint32_t>(part.size()));
     plain += part;
   }

@@ -20,5 +20,4 @@ std::string EncodeSavedGame(const Match& match, const SquareMarks* marks);
 // asks for them.
 void DecodeSavedGame(std::string_view coded, Match& match, SquareMarks* marks = nullptr);
 
-
 }  // namespace varkesh

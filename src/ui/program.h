@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 
-#include "flow/game.h"
 #include "engine/general_engine.h"
 #include "engine/sound.h"
+#include "flow/game.h"
 #include "persist/pack_reader.h"
 #include "persist/settings.h"
 #include "persist/user_folders.h"

@@ -26,7 +26,6 @@ std::optional<BoardSquare> FirstMarked(const Game& game, int mark) {
   return std::nullopt;
 }
 
-
 class NetPlayNodeTest : public ::testing::Test {
  protected:
   std::unique_ptr<NodeProcess> Host(const std::string& name) {

@@ -127,7 +127,8 @@ bool Soak(int games) {
     }
     if (alike == kWatchers) ++identical;
     std::printf("game %d seconds %.1f rounds %d identical %d/%d host VmRSS %ld KiB\n", game,
-                seconds, end->match.position.roundNumber, alike, kWatchers, StatusKiB(host->Pid(), "VmRSS"));
+                seconds, end->match.position.roundNumber, alike, kWatchers,
+                StatusKiB(host->Pid(), "VmRSS"));
     std::fflush(stdout);
   }
   std::printf(

@@ -131,7 +131,8 @@ TEST_F(NetPlayStressTest, AClientThatNeverReadsIsLetGoOnceItsBacklogPassesTheLim
   // The computer played on through it all. Then the host's player takes
   // every seat, as a computer game may never end, and plays a round, unless
   // the game is over already.
-  Figure("backlog: rounds the computer played", std::to_string(host_->ShownGame()->match.position.roundNumber));
+  Figure("backlog: rounds the computer played",
+         std::to_string(host_->ShownGame()->match.position.roundNumber));
   for (int team = kWhite; team <= kRed; ++team)
     host_->Send("assign " + std::to_string(team) + " 0");
   const auto deadline = Clock::now() + std::chrono::seconds(10);

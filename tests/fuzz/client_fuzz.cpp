@@ -19,7 +19,8 @@ struct ClientTable {
     Require(host.transport.Listen(kPort, error), "the host cannot listen");
     net::OpenAsClient(client.node);
     network.Pump();
-    Require(client.game.net.netRole == kNetClient && host.connection != 0, "the client got no answer");
+    Require(client.game.net.netRole == kNetClient && host.connection != 0,
+            "the client got no answer");
   }
 
   void Play(std::string_view input) {
@@ -110,12 +111,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   // Whatever the host says, the client's tables hold only what it checked.
   const Game& game = table.client.game;
-  Require(game.net.myNodeId >= 0 && game.net.myNodeId <= net::kMaxNodeNumber, "a node number out of range");
+  Require(game.net.myNodeId >= 0 && game.net.myNodeId <= net::kMaxNodeNumber,
+          "a node number out of range");
   for (std::size_t t = 0; t < kTeamCount; ++t) {
     Require(game.net.seatNode[t] >= 0 && game.net.seatNode[t] <= net::kMaxNodeNumber,
             "a seat out of range");
-    Require(game.match.setup.playerKinds[t] >= kHuman && game.match.setup.playerKinds[t] <= kDefensive,
-            "a seat of no kind");
+    Require(
+        game.match.setup.playerKinds[t] >= kHuman && game.match.setup.playerKinds[t] <= kDefensive,
+        "a seat of no kind");
   }
   return 0;
 }

@@ -72,16 +72,14 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
        {Selection(move.fromX, move.fromY, 0, 0), std::string("GUGS}3"),
         Selection(move.fromX, move.fromY, move.toX, move.toY), std::string("GUGS}9"),
         std::string("GAMV}3") + kSep + "0" + kSep + "0",
-        std::string("GAMV}1") + kSep + "4" + kSep + "4",
-        std::string("GUPM}1") + kSep + "2"})
+        std::string("GAMV}1") + kSep + "4" + kSep + "4", std::string("GUPM}1") + kSep + "2"})
     mallory->Send(message);
   Settle();
   EXPECT_EQ(host->Text(), before);
   ExpectSameGames();
   for (const char* reason :
        {"the chosen move is not one the rules list", "mode 9 is none a player's clicks reach",
-        "the pawn option is not one the rules offer",
-        "a square off the board"})
+        "the pawn option is not one the rules offer", "a square off the board"})
     EXPECT_NE(Log().find(reason), std::string::npos) << reason;
 
   // The plain move goes through, to everyone but its sender.

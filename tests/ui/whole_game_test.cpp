@@ -11,8 +11,8 @@
 #include <optional>
 
 #include "core/dungeon.h"
-#include "flow/turn.h"
 #include "core/rules.h"
+#include "flow/turn.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
@@ -95,7 +95,8 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     run.PressShortcut(Qt::Key_L);
   }
   EXPECT_EQ(game.match.position.board.squares, savedBoard.squares);
-  EXPECT_EQ(std::tuple(game.match.position.currentTeam, game.match.position.roundNumber, game.turn.gameMode),
+  EXPECT_EQ(std::tuple(game.match.position.currentTeam, game.match.position.roundNumber,
+                       game.turn.gameMode),
             std::tuple(kWhite, 2, ModeChoosePiece));
 
   // A White Pawn at the door of Black's keep walks in and takes its second option.
@@ -120,7 +121,8 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     PlayMove(run, {8, 3}, BoardSquare{8, 2});
   }
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
-  EXPECT_EQ(game.match.position.board.at(8, 2).piece, kNoPiece) << "the pawn is spent with its capture";
+  EXPECT_EQ(game.match.position.board.at(8, 2).piece, kNoPiece)
+      << "the pawn is spent with its capture";
   ASSERT_EQ(game.match.position.dungeons[0].PrisonerCount(), prisonersBefore + 1);
   const DungeonPiece taken = game.match.position.dungeons[0].prisoners[prisonersBefore + 1];
   EXPECT_EQ(chosenLine, QString("Capture Black's ") + PieceName(taken.piece));
@@ -132,13 +134,15 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   Shoot(run, "frozen-kingdom");
   for (int captor = kWhite; captor <= kRed; ++captor)  // dungeons past their first ten
     for (int i = 0; i < 13; ++i)
-      AddPieceToDungeon(game.match.position, captor, (captor + i % 3) % kTeamCount + 1, kBishop + i % 5);
+      AddPieceToDungeon(game.match.position, captor, (captor + i % 3) % kTeamCount + 1,
+                        kBishop + i % 5);
   game.view.boardChanged = true;
   Shoot(run, "full-dungeon");
   Resign(run);
   ASSERT_TRUE(run.WaitFor(ModeVictory));
   Shoot(run, "victory");
-  EXPECT_EQ(std::pair(game.match.position.winner, game.match.position.coWinner), std::pair(kBlack, kRed));
+  EXPECT_EQ(std::pair(game.match.position.winner, game.match.position.coWinner),
+            std::pair(kBlack, kRed));
   EXPECT_TRUE(window.view().PauseButton().isHidden());
   EXPECT_FALSE(window.menuAction(Menu::Resign).isEnabled());
   run.ClickSquare(3, 3);
@@ -167,7 +171,8 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   EXPECT_TRUE(resumed.window().IsMenuChecked(Menu::History3));
   EXPECT_FALSE(resumed.window().IsMenuChecked(Menu::History0));
   EXPECT_EQ(resumed.game().match.position.board.squares, savedBoard.squares);
-  EXPECT_EQ(resumed.game().match.setup.playerKinds, (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
+  EXPECT_EQ(resumed.game().match.setup.playerKinds,
+            (PerTeam<int>{kHuman, kHuman, kAggressive, kBalanced}));
   EXPECT_TRUE(
       resumed.window().gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Frozen)"));
 }

@@ -26,9 +26,9 @@ int CmdApplyComputer(const Args& args) {
   Game game = LoadForPlay(options.positional[0], outside);
   game.net.netRole = kNetNone;
   if (!IsListedMove(game.match.position, fromX, fromY, toX, toY))
-    BadInput("varkesh-cli: " + std::string(TeamName(game.match.position.currentTeam)) + " has no move from (" +
-             std::to_string(fromX) + ", " + std::to_string(fromY) + ") to (" + std::to_string(toX) +
-             ", " + std::to_string(toY) + ")");
+    BadInput("varkesh-cli: " + std::string(TeamName(game.match.position.currentTeam)) +
+             " has no move from (" + std::to_string(fromX) + ", " + std::to_string(fromY) +
+             ") to (" + std::to_string(toX) + ", " + std::to_string(toY) + ")");
   game.turn.moveFromX = fromX;
   game.turn.moveFromY = fromY;
   game.turn.moveToX = toX;

@@ -9,9 +9,9 @@
 #include "cli.h"
 #include "core/resign.h"
 #include "core/rules.h"
-#include "flow/resign.h"
 #include "event_line.h"
 #include "flow/new_game.h"
+#include "flow/resign.h"
 #include "flow/save_load.h"
 #include "persist/command_line.h"
 #include "persist/file_coder.h"
@@ -153,7 +153,8 @@ void NodeCommands::Run(const std::string& line) {
 }
 
 bool NodeCommands::SeatIsHere() const {
-  if (TeamEntry(game_.match.setup.playerKinds, game_.match.position.currentTeam, -1) != kHuman) return false;
+  if (TeamEntry(game_.match.setup.playerKinds, game_.match.position.currentTeam, -1) != kHuman)
+    return false;
   return game_.net.netRole == kNetNone ||
          TeamEntry(game_.net.seatNode, game_.match.position.currentTeam, -1) == game_.net.myNodeId;
 }
@@ -190,8 +191,8 @@ void NodeCommands::Resign(const std::vector<std::string>& words) {
     const int team = Number(words[1], kWhite, kRed);
     std::vector<int> offers = ConcedeOffers(game_.match.position);
     if (std::find(offers.begin(), offers.end(), team) == offers.end())
-      throw Refusal{std::string(TeamName(game_.match.position.currentTeam)) + " cannot concede to team " +
-                    words[1]};
+      throw Refusal{std::string(TeamName(game_.match.position.currentTeam)) +
+                    " cannot concede to team " + words[1]};
     outside_.concedePicks = {team};
   } else if (no && gained) {
     outside_.concedePicks = {kNoTeam};

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "headless_net_view.h"
-#include "tool_outside.h"
 #include "net/node.h"
+#include "tool_outside.h"
 
 namespace varkesh::cli {
 
