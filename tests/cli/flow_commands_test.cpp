@@ -7,6 +7,7 @@
 #include "cli/cli_fixture.h"
 #include "core/dungeon.h"
 #include "persist/file_coder.h"
+#include "persist/sample_game.h"
 
 namespace varkesh::testing {
 namespace {
@@ -33,29 +34,10 @@ class CliCommandsTest : public CliTest {
   }
 };
 
-// A game in the middle of play with all a saved game carries: prisoners, a
-// fallen and frozen kingdom, history and every kind of seat.
+// A game in the middle of play with all a saved game carries.
 Game MidGame() {
   Game game = StartGame({kHuman, kAggressive, kHuman, kDefensive});
-  game.match.setup.gameName = "Friday";
-  Position& position = game.match.position;
-  position.gameType = kAnarchy;
-  position.kingCaptureRule = kKingdomFrozen;
-  position.roundNumber = 7;
-  position.currentTeam = kBlack;
-  position.castleRight = {false, true, true, false};
-  position.kingdomFallen = {true, false, false, false};
-  for (Square& square : position.board.squares) {
-    if (square.team == kWhite && square.piece == kKing) square.team = square.piece = kNoPiece;
-    if (square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
-    if (square.realm == kWhite) square.realm = kNoTeam;
-  }
-  AddPieceToDungeon(position, kBlack, kWhite, kKing);
-  AddPieceToDungeon(position, kBlack, kBlue, kQueen);
-  AddPieceToDungeon(position, kRed, kBlack, kRook);
-  position.history[0] = {8, 3, 8, 5, kBlack, true};
-  position.history[1] = {3, 8, 5, 8, kBlue, false};
-  position.Refresh();
+  game.match = SampleMatch();
   return game;
 }
 

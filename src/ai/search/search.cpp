@@ -36,6 +36,8 @@ struct Frame {
   Undo undo;
 };
 
+// Thrown when a limit is reached. It unwinds the whole run to Go, which
+// reads nothing of the position afterwards, so no ply takes its move back.
 struct Aborted {};
 
 class Run {
@@ -255,14 +257,8 @@ bool Run::TryNullMove(int depth, int ply, int beta, int& score) {
   bool cut = false;
   if (SideToMove() != mySide) {
     const int reduction = depth >= 6 ? 3 : 2;
-    try {
-      afterAlly_ = false;
-      score = -Search(depth - 1 - reduction, ply + 1, -beta, -beta + 1, false, false);
-    } catch (const Aborted&) {
-      pos_.currentTeam = savedTeam;
-      pos_.roundNumber = savedRound;
-      throw;
-    }
+    afterAlly_ = false;
+    score = -Search(depth - 1 - reduction, ply + 1, -beta, -beta + 1, false, false);
     cut = score >= beta;
     if (score > kWinBound) score = beta;
   }
@@ -318,22 +314,17 @@ int Run::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull
     if (futile && reducible && i > 0) continue;
     Play(frame, i);
     int value;
-    try {
-      if (i == 0) {
-        value = Child(depth - 1, ply, alpha, beta, pv, mySide);
-      } else {
-        int reduction = 0;
-        if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
-          reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
-        value = Child(depth - 1 - reduction, ply, alpha, alpha + 1, false, mySide);
-        if (value > alpha && reduction > 0)
-          value = Child(depth - 1, ply, alpha, alpha + 1, false, mySide);
-        if (value > alpha && value < beta && pv)
-          value = Child(depth - 1, ply, alpha, beta, true, mySide);
-      }
-    } catch (const Aborted&) {
-      Unplay(frame, i);
-      throw;
+    if (i == 0) {
+      value = Child(depth - 1, ply, alpha, beta, pv, mySide);
+    } else {
+      int reduction = 0;
+      if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
+        reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
+      value = Child(depth - 1 - reduction, ply, alpha, alpha + 1, false, mySide);
+      if (value > alpha && reduction > 0)
+        value = Child(depth - 1, ply, alpha, alpha + 1, false, mySide);
+      if (value > alpha && value < beta && pv)
+        value = Child(depth - 1, ply, alpha, beta, true, mySide);
     }
     Unplay(frame, i);
     if (value <= best) continue;
@@ -373,14 +364,8 @@ int Run::PassToTheOtherSide(int ply, int alpha, int beta, int qply) {
   if (SideToMove() == mySide) {
     value = StaticEval();
   } else {
-    try {
-      afterAlly_ = false;
-      value = -Quiesce(ply + 1, -beta, -alpha, qply + 1);
-    } catch (const Aborted&) {
-      pos_.currentTeam = savedTeam;
-      pos_.roundNumber = savedRound;
-      throw;
-    }
+    afterAlly_ = false;
+    value = -Quiesce(ply + 1, -beta, -alpha, qply + 1);
   }
   pos_.currentTeam = savedTeam;
   pos_.roundNumber = savedRound;
@@ -407,13 +392,7 @@ int Run::Quiesce(int ply, int alpha, int beta, int qply) {
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
     Play(frame, i);
-    int value;
-    try {
-      value = QuiescentChild(ply, alpha, beta, qply, mySide);
-    } catch (const Aborted&) {
-      Unplay(frame, i);
-      throw;
-    }
+    const int value = QuiescentChild(ply, alpha, beta, qply, mySide);
     Unplay(frame, i);
     if (value <= best) continue;
     best = value;
