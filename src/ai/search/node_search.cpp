@@ -1,0 +1,292 @@
+#include "ai/search/node_search.h"
+
+#include "ai/search/king_danger.h"
+#include "ai/search/zobrist.h"
+#include "core/apply_move.h"
+#include "core/rules.h"
+
+namespace varkesh::search {
+
+namespace {
+
+constexpr int kQuiescencePlies = 8;
+constexpr std::uint64_t kClockEvery = 255;
+constexpr int kFutilityMargin = 150;
+
+}  // namespace
+
+NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
+                       TranspositionTable& table, const std::atomic<bool>* stop)
+    : pos_(position),
+      settings_(settings),
+      weights_(WeightsOf(settings.personality)),
+      sides_{position.gameType, position.currentTeam},
+      table_(table),
+      stop_(stop),
+      frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
+      start_(Clock::now()) {}
+
+double NodeSearch::Seconds() const {
+  return std::chrono::duration<double>(Clock::now() - start_).count();
+}
+
+bool NodeSearch::FirstGuess(Move& move) {
+  Frame& root = frames_[0];
+  Generate(root, false);
+  if (root.moves.Empty()) return false;
+  Order(root, 0, Move{});
+  PickNext(root, 0);
+  move = root.moves[0];
+  return true;
+}
+
+void NodeSearch::SearchRoot(int depth) {
+  rootHasBest_ = false;
+  afterAlly_ = false;
+  Search(depth, 0, -kInfinity, kInfinity, true, false);
+}
+
+std::vector<Move> NodeSearch::PrincipalVariation() const {
+  std::vector<Move> line;
+  for (int k = 0; k < pvLength_[0]; ++k) line.push_back(pv_[0][static_cast<std::size_t>(k)]);
+  return line;
+}
+
+void NodeSearch::CountNode() {
+  ++nodes_;
+  const SearchLimits& limits = settings_.limits;
+  if (limits.nodes > 0 && nodes_ > limits.nodes) throw SearchAborted{};
+  if ((nodes_ & kClockEvery) != 0) return;
+  if (stop_ && stop_->load(std::memory_order_relaxed)) throw SearchAborted{};
+  if (limits.movetimeMs > 0 && Seconds() * 1000.0 >= limits.movetimeMs) throw SearchAborted{};
+}
+
+bool NodeSearch::Terminal(int ply, int& score) const {
+  const int mine = SideToMove();
+  if (pos_.Finished()) {
+    score = sides_.Of(pos_.winner) == mine ? kWinScore - ply : -(kWinScore - ply);
+    return true;
+  }
+  // In Anarchy the lone team is out of the game once its King falls.
+  if (sides_.PoolsReplies() && TeamEntry(pos_.kingdomFallen, sides_.rootTeam)) {
+    score = mine == 0 ? -(kWinScore - ply) : kWinScore - ply;
+    return true;
+  }
+  return false;
+}
+
+void NodeSearch::Order(Frame& frame, int ply, const Move& tableMove) {
+  const Killers& killers = killers_[static_cast<std::size_t>(ply)];
+  for (int i = 0; i < frame.moves.Count(); ++i) {
+    const Move& move = frame.moves[i];
+    int score = TacticalOrder(pos_, move, settings_.personality);
+    if (move == tableMove)
+      score = kOrderTableMove;
+    else if (score == 0)
+      score = killers.Has(move) ? kOrderKiller : history_.Score(move);
+    frame.order[static_cast<std::size_t>(i)] = score;
+  }
+}
+
+void NodeSearch::Play(Frame& frame, int i) {
+  const bool pooled = Pooled();
+  frame.savedTeam = pos_.currentTeam;
+  pos_.currentTeam = frame.movers[static_cast<std::size_t>(i)];
+  ApplyMove(pos_, frame.moves[i], &frame.undo);
+  // After the best reply the lone team moves again.
+  if (pooled && !pos_.Finished()) pos_.currentTeam = sides_.rootTeam;
+}
+
+void NodeSearch::Unplay(Frame& frame, int i) {
+  UndoMove(pos_, frame.moves[i], frame.undo);
+  pos_.currentTeam = frame.savedTeam;
+}
+
+// The child's score seen by the side that moved into it: the same side on
+// turn again keeps the window, the other side's score is negated.
+int NodeSearch::Child(int depth, int ply, int alpha, int beta, bool pv, int mySide) {
+  afterAlly_ = SideToMove() == mySide;
+  if (afterAlly_) return Search(depth, ply + 1, alpha, beta, pv, true);
+  return -Search(depth, ply + 1, -beta, -alpha, pv, true);
+}
+
+int NodeSearch::QuiescentChild(int ply, int alpha, int beta, int qply, int mySide) {
+  afterAlly_ = SideToMove() == mySide;
+  if (afterAlly_) return Quiesce(ply + 1, alpha, beta, qply + 1);
+  return -Quiesce(ply + 1, -beta, -alpha, qply + 1);
+}
+
+void NodeSearch::UpdatePv(int ply, const Move& move) {
+  auto& line = pv_[static_cast<std::size_t>(ply)];
+  line[static_cast<std::size_t>(ply)] = move;
+  const int childLength = pvLength_[static_cast<std::size_t>(ply + 1)];
+  for (int k = ply + 1; k < childLength; ++k)
+    line[static_cast<std::size_t>(k)] =
+        pv_[static_cast<std::size_t>(ply + 1)][static_cast<std::size_t>(k)];
+  pvLength_[static_cast<std::size_t>(ply)] = childLength > ply + 1 ? childLength : ply + 1;
+}
+
+bool NodeSearch::SideKingAttacked(int side) const {
+  for (int team = kWhite; team <= kRed; ++team)
+    if (sides_.Of(team) == side && !TeamEntry(pos_.kingdomFallen, team) && KingAttacked(pos_, team))
+      return true;
+  return false;
+}
+
+// Passing the turn: if the other side still cannot bring the score under
+// beta, a real move would not either.
+bool NodeSearch::TryNullMove(int depth, int ply, int beta, int& score) {
+  const int mySide = SideToMove();
+  if (StaticEval() < beta) return false;
+  const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
+  PassTurn(pos_);
+  bool cut = false;
+  if (SideToMove() != mySide) {
+    const int reduction = depth >= 6 ? 3 : 2;
+    afterAlly_ = false;
+    score = -Search(depth - 1 - reduction, ply + 1, -beta, -beta + 1, false, false);
+    cut = score >= beta;
+    if (score > kWinBound) score = beta;
+  }
+  pos_.currentTeam = savedTeam;
+  pos_.roundNumber = savedRound;
+  return cut;
+}
+
+int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool allowNull) {
+  if (depth <= 0) return Quiesce(ply, alpha, beta, 0);
+  CountNode();
+  pvLength_[static_cast<std::size_t>(ply)] = ply;
+  int score = 0;
+  if (ply > 0 && Terminal(ply, score)) return score;
+  if (ply >= kMaxPly - 1) return StaticEval();
+
+  const std::uint64_t key = PositionKey(pos_);
+  Move tableMove;
+  if (const TableEntry* entry = table_.Probe(key)) {
+    tableMove = entry->move;
+    const int stored = ScoreFromTable(entry->score, ply);
+    if (!pv && ply > 0 && entry->depth >= depth &&
+        (entry->bound == Bound::Exact || (entry->bound == Bound::Lower && stored >= beta) ||
+         (entry->bound == Bound::Upper && stored <= alpha)))
+      return stored;
+  }
+
+  const int mySide = SideToMove();
+  // A King in reach of a hostile piece: no passing, no pruning by the score.
+  const bool threatened = SideKingAttacked(mySide);
+  if (!pv && allowNull && !threatened && settings_.nullMove && depth >= 3 && !Pooled() &&
+      TryNullMove(depth, ply, beta, score))
+    return score;
+
+  Frame& frame = frames_[static_cast<std::size_t>(ply)];
+  Generate(frame, false);
+  // A team with no move resigns: as bad as a fallen kingdom.
+  if (frame.moves.Empty()) return StaticEval() - kFallenKingdom;
+  Order(frame, ply, tableMove);
+
+  const int originalAlpha = alpha;
+  int best = -kInfinity;
+  Move bestMove;
+  Killers& killers = killers_[static_cast<std::size_t>(ply)];
+  // Near the horizon a quiet move cannot lift a score this far below alpha.
+  const bool futile = !pv && !threatened && depth <= 2 && alpha > -kWinBound &&
+                      StaticEval() + kFutilityMargin * depth <= alpha;
+  for (int i = 0; i < frame.moves.Count(); ++i) {
+    PickNext(frame, i);
+    const Move move = frame.moves[i];
+    const bool quiet = !IsTactical(pos_, move);
+    const bool reducible = quiet && frame.order[static_cast<std::size_t>(i)] < kOrderKiller;
+    if (futile && reducible && i > 0) continue;
+    Play(frame, i);
+    int value;
+    if (i == 0) {
+      value = Child(depth - 1, ply, alpha, beta, pv, mySide);
+    } else {
+      int reduction = 0;
+      if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
+        reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
+      value = Child(depth - 1 - reduction, ply, alpha, alpha + 1, false, mySide);
+      if (value > alpha && reduction > 0)
+        value = Child(depth - 1, ply, alpha, alpha + 1, false, mySide);
+      if (value > alpha && value < beta && pv)
+        value = Child(depth - 1, ply, alpha, beta, true, mySide);
+    }
+    Unplay(frame, i);
+    if (value <= best) continue;
+    best = value;
+    bestMove = move;
+    if (value <= alpha) continue;
+    alpha = value;
+    UpdatePv(ply, move);
+    if (ply == 0) {
+      rootHasBest_ = true;
+      rootBest_ = move;
+      rootScore_ = value;
+    }
+    if (alpha >= beta) {
+      if (quiet) {
+        killers.Add(move);
+        history_.Reward(move, depth);
+      }
+      break;
+    }
+  }
+  const Bound bound = best >= beta           ? Bound::Lower
+                      : best > originalAlpha ? Bound::Exact
+                                             : Bound::Upper;
+  table_.Store(key, bound == Bound::Upper ? Move{} : bestMove, ScoreToTable(best, ply), depth,
+               bound);
+  return best;
+}
+
+// An ally's quiet turn is no end of the line: the other side still gets to
+// take what hangs. Standing pat for the ally means passing to it.
+int NodeSearch::PassToTheOtherSide(int ply, int alpha, int beta, int qply) {
+  const int mySide = SideToMove();
+  const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
+  PassTurn(pos_);
+  int value = 0;
+  if (SideToMove() == mySide) {
+    value = StaticEval();
+  } else {
+    afterAlly_ = false;
+    value = -Quiesce(ply + 1, -beta, -alpha, qply + 1);
+  }
+  pos_.currentTeam = savedTeam;
+  pos_.roundNumber = savedRound;
+  return value;
+}
+
+int NodeSearch::Quiesce(int ply, int alpha, int beta, int qply) {
+  const bool afterAlly = afterAlly_;
+  afterAlly_ = false;
+  CountNode();
+  pvLength_[static_cast<std::size_t>(ply)] = ply;
+  int score = 0;
+  if (Terminal(ply, score)) return score;
+  const int mySide = SideToMove();
+  Frame& frame = frames_[static_cast<std::size_t>(ply)];
+  int standing = StaticEval();
+  if (afterAlly && !Pooled() && qply < kQuiescencePlies && ply < kMaxPly - 2)
+    standing = PassToTheOtherSide(ply, alpha, beta, qply);
+  if (standing >= beta || ply >= kMaxPly - 1 || qply >= kQuiescencePlies) return standing;
+  if (standing > alpha) alpha = standing;
+  Generate(frame, true);
+  Order(frame, ply, Move{});
+  int best = standing;
+  for (int i = 0; i < frame.moves.Count(); ++i) {
+    PickNext(frame, i);
+    Play(frame, i);
+    const int value = QuiescentChild(ply, alpha, beta, qply, mySide);
+    Unplay(frame, i);
+    if (value <= best) continue;
+    best = value;
+    if (value <= alpha) continue;
+    alpha = value;
+    if (alpha >= beta) break;
+  }
+  return best;
+}
+
+}  // namespace varkesh::search
