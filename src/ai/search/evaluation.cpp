@@ -1,5 +1,6 @@
 #include "ai/search/evaluation.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -31,6 +32,7 @@ constexpr std::array<int, kKing + 1> kKingThreat = {0, 25, 10, 45, 55, 50, 90, 2
 struct TeamTally {
   int score = 0;
   int king = kNoKing;
+  int count = 0;  // material as the rules count it
 };
 
 // A team whose count falls under five loses its King to the captor: the
@@ -61,49 +63,127 @@ TeamTally TallyTeam(const Position& position, int team, const EvalWeights& weigh
     if (piece == kPawn) {
       if (hostileRealm && square.terrain == kMoat)
         raid += 70;
-      else if (square.terrain == kBattlefield)
-        raid += 4 + (8 - CentreDistance(index));
+      else if (square.terrain == kBattlefield) {
+        raid += 4;
+        centre += 8 - CentreDistance(index);
+      }
     } else if (hostileRealm) {
       raid += 20;
     }
     if (piece >= 0 && piece <= kKing)
       centre += kCentreStep[static_cast<std::size_t>(piece)] * (8 - CentreDistance(index));
   });
+  tally.count = count;
   tally.score += raid * weights.raid / 100 + centre * weights.centre / 100 -
                  ThinMaterial(count) * weights.safety / 100;
   return tally;
 }
 
-// Hostile pieces within two steps of the King, and friends next to it.
+// Hostile pieces within two steps of the King, and friends next to it. Only
+// the squares around the King are looked at, not every piece.
 int KingSafety(const Position& position, int team, int king) {
   int danger = 0;
-  const auto& squares = position.board.squares;
-  for (int other = kWhite; other <= kRed; ++other) {
-    const bool hostile = IsHostile(position.gameType, team, other);
-    position.pieces[static_cast<std::size_t>(other - 1)].ForEach([&](int index) {
-      const int distance = Chebyshev(index, king);
-      if (distance > 2) return;
-      const int piece = squares[static_cast<std::size_t>(index)].piece;
-      if (hostile)
-        danger += kKingThreat[static_cast<std::size_t>(piece)] * (distance == 1 ? 2 : 1);
-      else if (distance == 1)
+  const int kingX = SquareX(king), kingY = SquareY(king);
+  for (int y = kingY - 2; y <= kingY + 2; ++y) {
+    if (y < 0 || y >= kBoardSide) continue;
+    for (int x = kingX - 2; x <= kingX + 2; ++x) {
+      if (x < 0 || x >= kBoardSide || (x == kingX && y == kingY)) continue;
+      const Square& square = position.board.at(x, y);
+      if (square.piece <= 0) continue;
+      const bool near = std::abs(x - kingX) <= 1 && std::abs(y - kingY) <= 1;
+      if (IsHostile(position.gameType, team, square.team))
+        danger += kKingThreat[static_cast<std::size_t>(square.piece)] * (near ? 2 : 1);
+      else if (near)
         danger -= 8;
-    });
+    }
   }
   return -danger;
 }
 
+// The rounds a game plays as it starts, and the rounds over which the
+// weights then turn towards ending it.
+constexpr int kPatientRounds = 20;
+constexpr int kImpatienceRamp = 80;
+// Percent added at the end of the turn: to the weight of the other side's
+// score (in Anarchy against the average of the three others, so that a
+// trade with one of them pays), and to the pull towards the enemy.
+constexpr int kLateOpponents = 100;
+constexpr int kLateOpponentsAnarchy = 400;
+constexpr int kLateHunt = 300;
+
+// Per step nearer the nearest target, by piece kind.
+constexpr std::array<int, kKing + 1> kHuntStep = {0, 2, 1, 3, 3, 4, 5, 0};
+constexpr int kFarthest = 16;
+// A team this thin falls with one or two more captures: each of its pieces
+// is worth going after.
+constexpr int kThinCount = 7;
+constexpr int kMaxTargets = kTeamCount * 32;
+
+struct Targets {
+  std::array<int, kMaxTargets> squares{};
+  int count = 0;
+};
+
+// The hostile Kings, and every piece of a hostile team close to falling.
+Targets TargetsOf(const Position& position, int team,
+                  const std::array<TeamTally, kTeamCount>& tallies) {
+  Targets targets;
+  for (int other = kWhite; other <= kRed; ++other) {
+    const std::size_t i = static_cast<std::size_t>(other - 1);
+    if (position.kingdomFallen[i] || !IsHostile(position.gameType, team, other)) continue;
+    if (tallies[i].count > kThinCount) {
+      if (tallies[i].king != kNoKing && targets.count < kMaxTargets)
+        targets.squares[static_cast<std::size_t>(targets.count++)] = tallies[i].king;
+      continue;
+    }
+    position.pieces[i].ForEach([&](int index) {
+      if (targets.count < kMaxTargets)
+        targets.squares[static_cast<std::size_t>(targets.count++)] = index;
+    });
+  }
+  return targets;
+}
+
+// Without a pull towards the enemy nothing draws a side into the attack once
+// the captures run out, and a long game goes round in circles.
+int Hunt(const Position& position, int team, const Targets& targets) {
+  if (targets.count == 0) return 0;
+  int bonus = 0;
+  const auto& squares = position.board.squares;
+  position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
+    const int piece = squares[static_cast<std::size_t>(index)].piece;
+    if (piece <= 0 || piece >= kKing) return;
+    int nearest = kFarthest;
+    for (int k = 0; k < targets.count; ++k) {
+      const int distance = Chebyshev(index, targets.squares[static_cast<std::size_t>(k)]);
+      if (distance < nearest) nearest = distance;
+    }
+    bonus += kHuntStep[static_cast<std::size_t>(piece)] * (kFarthest - nearest);
+  });
+  return bonus;
+}
+
 }  // namespace
 
-EvalWeights WeightsOf(int personality) {
+EvalWeights WeightsOf(int personality, int gameType, int round) {
+  EvalWeights weights;
   switch (personality) {
     case kAggressive:
-      return {kAggressive, 150, 75, 120};
+      weights = {kAggressive, 150, 75, 120};
+      break;
     case kDefensive:
-      return {kDefensive, 75, 150, 80};
+      weights = {kDefensive, 75, 150, 80};
+      break;
     default:
-      return {kBalanced, 100, 100, 100};
+      weights = {kBalanced, 100, 100, 100};
+      break;
   }
+  const int late = std::clamp(round - kPatientRounds, 0, kImpatienceRamp);
+  weights.centre -= weights.centre * late / kImpatienceRamp;
+  weights.opponents +=
+      (gameType == kAnarchy ? kLateOpponentsAnarchy : kLateOpponents) * late / kImpatienceRamp;
+  weights.hunt = kLateHunt * late / kImpatienceRamp;
+  return weights;
 }
 
 int PieceValue(int personality, int piece) {
@@ -112,29 +192,34 @@ int PieceValue(int personality, int piece) {
 
 int Evaluate(const Position& position, const Sides& sides, const EvalWeights& weights) {
   std::array<int, kTeamCount> team{};
+  std::array<TeamTally, kTeamCount> tallies{};
   for (int t = kWhite; t <= kRed; ++t) {
     const std::size_t i = static_cast<std::size_t>(t - 1);
     if (position.kingdomFallen[i]) {
       team[i] = -kFallenKingdom;
       continue;
     }
-    const TeamTally tally = TallyTeam(position, t, weights);
-    team[i] = tally.score;
-    if (tally.king != kNoKing)
-      team[i] += KingSafety(position, t, tally.king) * weights.safety / 100;
+    tallies[i] = TallyTeam(position, t, weights);
+    team[i] = tallies[i].score;
+    if (tallies[i].king != kNoKing)
+      team[i] += KingSafety(position, t, tallies[i].king) * weights.safety / 100;
   }
+  if (weights.hunt > 0)
+    for (int t = kWhite; t <= kRed; ++t)
+      if (!position.kingdomFallen[static_cast<std::size_t>(t - 1)])
+        team[static_cast<std::size_t>(t - 1)] +=
+            Hunt(position, t, TargetsOf(position, t, tallies)) * weights.hunt / 100;
   if (sides.PoolsReplies()) {
     // The lone team against the average of the three others.
     int others = 0;
     for (int t = kWhite; t <= kRed; ++t)
       if (t != sides.rootTeam) others += team[static_cast<std::size_t>(t - 1)];
-    return team[static_cast<std::size_t>(sides.rootTeam - 1)] - others / 3;
+    return team[static_cast<std::size_t>(sides.rootTeam - 1)] - others * weights.opponents / 300;
   }
-  int score = 0;
+  int mine = 0, theirs = 0;
   for (int t = kWhite; t <= kRed; ++t)
-    score += sides.Of(t) == 0 ? team[static_cast<std::size_t>(t - 1)]
-                              : -team[static_cast<std::size_t>(t - 1)];
-  return score;
+    (sides.Of(t) == 0 ? mine : theirs) += team[static_cast<std::size_t>(t - 1)];
+  return mine - theirs * weights.opponents / 100;
 }
 
 }  // namespace varkesh::search

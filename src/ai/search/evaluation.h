@@ -21,9 +21,16 @@ struct EvalWeights {
   int raid = 100;    // percent: pawns in hostile moats, pieces in hostile realms
   int safety = 100;  // percent: hostile pieces near one's own King
   int centre = 100;  // percent: pieces towards the middle of the board
+  // percent: the weight of the other side's score against one's own; in
+  // Anarchy 100 is the average of the three others.
+  int opponents = 100;
+  int hunt = 0;  // percent: pieces drawn towards the nearest hostile King
 };
 
-EvalWeights WeightsOf(int personality);
+// The weights of a personality at a round of a game of gameType. The longer
+// the game, the keener every side is to trade and to close in on a hostile
+// King or a team near its fall, so that the game comes to an end.
+EvalWeights WeightsOf(int personality, int gameType, int round);
 
 // The score of side 0 of sides minus that of side 1. Finished games are the
 // search's business, not this.

@@ -12,6 +12,8 @@ namespace {
 constexpr int kQuiescencePlies = 8;
 constexpr std::uint64_t kClockEvery = 255;
 constexpr int kFutilityMargin = 150;
+// What a root move that takes back the team's own last move is charged.
+constexpr int kReversalCost = 30;
 
 }  // namespace
 
@@ -19,7 +21,7 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
                        TranspositionTable& table, const std::atomic<bool>* stop)
     : pos_(position),
       settings_(settings),
-      weights_(WeightsOf(settings.personality)),
+      weights_(WeightsOf(settings.personality, position.gameType, position.roundNumber)),
       sides_{position.gameType, position.currentTeam},
       table_(table),
       stop_(stop),
@@ -128,8 +130,25 @@ void NodeSearch::UpdatePv(int ply, const Move& move) {
 
 bool NodeSearch::SideKingAttacked(int side) const {
   for (int team = kWhite; team <= kRed; ++team)
-    if (sides_.Of(team) == side && !TeamEntry(pos_.kingdomFallen, team) && KingAttacked(pos_, team))
+    if (sides_.Of(team) == side && !TeamEntry(pos_.kingdomFallen, team) &&
+        KingMayBeAttacked(pos_, team) && KingAttacked(pos_, team))
       return true;
+  return false;
+}
+
+int NodeSearch::ReversalCost(const Move& move, int team) const {
+  for (const HistoryMove& last : pos_.history)
+    if (!last.Empty() && last.team == team && !last.wasCapture && last.fromX == move.toX &&
+        last.fromY == move.toY && last.toX == move.fromX && last.toY == move.fromY)
+      return kReversalCost;
+  return 0;
+}
+
+// A position met before on the way here: going round in a circle gains
+// nothing, so it scores as even, which the side ahead avoids.
+bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
+  for (int earlier = ply - 2; earlier >= 0; --earlier)
+    if (pathKeys_[static_cast<std::size_t>(earlier)] == key) return true;
   return false;
 }
 
@@ -162,6 +181,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
   if (ply >= kMaxPly - 1) return StaticEval();
 
   const std::uint64_t key = PositionKey(pos_);
+  pathKeys_[static_cast<std::size_t>(ply)] = key;
+  if (ply > 0 && RepeatsOnPath(ply, key)) return 0;
   Move tableMove;
   if (const TableEntry* entry = table_.Probe(key)) {
     tableMove = entry->move;
@@ -198,20 +219,23 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
     const bool quiet = !IsTactical(pos_, move);
     const bool reducible = quiet && frame.order[static_cast<std::size_t>(i)] < kOrderKiller;
     if (futile && reducible && i > 0) continue;
+    // A root move that takes back the team's own last move is charged, so
+    // that a side with nothing better to do tries something new.
+    const int cost = ply == 0 ? ReversalCost(move, frame.movers[static_cast<std::size_t>(i)]) : 0;
+    const int low = alpha + cost, high = beta + cost;
     Play(frame, i);
     int value;
     if (i == 0) {
-      value = Child(depth - 1, ply, alpha, beta, pv, mySide);
+      value = Child(depth - 1, ply, low, high, pv, mySide);
     } else {
       int reduction = 0;
       if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
         reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
-      value = Child(depth - 1 - reduction, ply, alpha, alpha + 1, false, mySide);
-      if (value > alpha && reduction > 0)
-        value = Child(depth - 1, ply, alpha, alpha + 1, false, mySide);
-      if (value > alpha && value < beta && pv)
-        value = Child(depth - 1, ply, alpha, beta, true, mySide);
+      value = Child(depth - 1 - reduction, ply, low, low + 1, false, mySide);
+      if (value > low && reduction > 0) value = Child(depth - 1, ply, low, low + 1, false, mySide);
+      if (value > low && value < high && pv) value = Child(depth - 1, ply, low, high, true, mySide);
     }
+    value -= cost;
     Unplay(frame, i);
     if (value <= best) continue;
     best = value;
