@@ -1,5 +1,8 @@
 #include "ai/search/node_search.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "ai/search/king_danger.h"
 #include "ai/search/zobrist.h"
 #include "core/apply_move.h"
@@ -9,11 +12,34 @@ namespace varkesh::search {
 
 namespace {
 
-constexpr int kQuiescencePlies = 8;
+constexpr int kQuiescencePlies = 5;
 constexpr std::uint64_t kClockEvery = 255;
 constexpr int kFutilityMargin = 150;
 // What a root move that takes back the team's own last move is charged.
 constexpr int kReversalCost = 30;
+constexpr double kReductionBase = 0.75;
+constexpr double kReductionDivisor = 2.0;
+
+// Late quiet moves are searched shallower, the more so the deeper the
+// search and the later the move; the table is built once.
+struct ReductionTable {
+  std::array<std::array<std::int8_t, kMaxMoves>, kMaxDepth + 1> plies{};
+  ReductionTable() {
+    for (int depth = 1; depth <= kMaxDepth; ++depth)
+      for (int i = 1; i < kMaxMoves; ++i) {
+        const int r = static_cast<int>(kReductionBase +
+                                       std::log(depth) * std::log(i + 1) / kReductionDivisor);
+        plies[static_cast<std::size_t>(depth)][static_cast<std::size_t>(i)] =
+            static_cast<std::int8_t>(std::clamp(r, 1, std::max(1, depth - 2)));
+      }
+  }
+};
+
+int Reduction(int depth, int i) {
+  static const ReductionTable table;
+  return table.plies[static_cast<std::size_t>(std::clamp(depth, 0, kMaxDepth))]
+                    [static_cast<std::size_t>(std::clamp(i, 0, kMaxMoves - 1))];
+}
 
 }  // namespace
 
@@ -153,12 +179,14 @@ bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
 }
 
 // Passing the turn: if the other side still cannot bring the score under
-// beta, a real move would not either.
+// beta, a real move would not either. An ally next in turn passes too, or
+// the pass would only hand the move to the same side.
 bool NodeSearch::TryNullMove(int depth, int ply, int beta, int& score) {
   const int mySide = SideToMove();
   if (StaticEval() < beta) return false;
   const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
   PassTurn(pos_);
+  for (int passes = 1; passes < kTeamCount && SideToMove() == mySide; ++passes) PassTurn(pos_);
   bool cut = false;
   if (SideToMove() != mySide) {
     const int reduction = depth >= 6 ? 3 : 2;
@@ -228,9 +256,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
     if (i == 0) {
       value = Child(depth - 1, ply, low, high, pv, mySide);
     } else {
-      int reduction = 0;
-      if (settings_.reductions && depth >= 3 && i >= 3 && reducible)
-        reduction = 1 + (i >= 8 && depth >= 4 ? 1 : 0) + (i >= 20 && depth >= 6 ? 1 : 0);
+      const int reduction =
+          settings_.reductions && depth >= 3 && i >= 3 && reducible ? Reduction(depth, i) : 0;
       value = Child(depth - 1 - reduction, ply, low, low + 1, false, mySide);
       if (value > low && reduction > 0) value = Child(depth - 1, ply, low, low + 1, false, mySide);
       if (value > low && value < high && pv) value = Child(depth - 1, ply, low, high, true, mySide);
