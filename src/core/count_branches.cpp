@@ -1,0 +1,173 @@
+// Counting the branches of a position without listing them: the leaves of
+// every count of the tree, so the hottest loop of the rules. The order of
+// the moves does not matter to a count, so each kind of piece walks its own
+// fixed rows of squares (reach.h) and adds up tests without branching; the
+// rare pieces that may enter a keep take the listing's own path.
+#include <bit>
+#include <cstdint>
+
+#include "core/pawn_options.h"
+#include "core/piece_moves.h"
+#include "core/reach.h"
+#include "core/rules.h"
+
+namespace varkesh {
+
+namespace {
+
+// The mover's view of a square, each test 0 or 1 so that they add up. It
+// leans on the board's invariant that a square has a team exactly when it
+// has a piece, so the team alone tells empty, hostile and friendly apart.
+struct Looker {
+  const Board& board;
+  unsigned hostile;  // HostileTeamsOf the mover
+  unsigned taking;   // the same without team 0: the teams it may take, the realms it may raid
+  unsigned landing;  // the same with team 0: what a Knight or King lands on
+
+  const Square& At(int index) const { return board.squares[static_cast<std::size_t>(index)]; }
+  static int Bit(unsigned bits, int team) { return static_cast<int>(bits >> (team & 7) & 1u); }
+  // A frozen piece, its kind negated, is taken by nobody.
+  int HostilePiece(const Square& s) const { return (s.piece > 0) & Bit(taking, s.team); }
+  int Lands(const Square& s) const { return (s.piece >= 0) & Bit(landing, s.team); }
+  static int EmptyBattlefield(const Square& s) {
+    return (s.terrain == kBattlefield) & (s.piece == kNoPiece);
+  }
+  // Where a pawn on the battlefield may step: more battlefield, or the moat
+  // of a realm that is neither its own nor an ally's.
+  int PawnEnters(const Square& s) const {
+    return (s.terrain == kBattlefield) | ((s.terrain == kMoat) & Bit(taking, s.realm));
+  }
+};
+
+int CountLandings(const Looker& look, const SquareList<kDirections>& targets) {
+  int count = 0;
+  for (std::int16_t to : targets) count += look.Lands(look.At(to));
+  return count;
+}
+
+int CountKing(const Position& position, const Looker& look, int from, int team) {
+  int count = CountLandings(look, kReach.king[static_cast<std::size_t>(from)]);
+  if (!TeamEntry(position.castleRight, team)) return count;
+  // The castle corner is one more square unless the King already steps there.
+  const BoardSquare corner = CastleCorner(team);
+  const int dx = SquareX(from) - corner.x, dy = SquareY(from) - corner.y;
+  const bool besideCorner = dx >= -1 && dx <= 1 && dy >= -1 && dy <= 1 && (dx != 0 || dy != 0);
+  const int index = Board::Index(corner.x, corner.y);
+  return count + (besideCorner && look.Lands(look.At(index)) ? 0 : 1);
+}
+
+// A pawn that has not moved yet: one step straight onto empty battlefield,
+// two where both are empty, or a hostile piece taken diagonally.
+int CountPawnInOwnMoat(const Looker& look, int from) {
+  const PawnSteps& steps = kReach.outOfMoat[static_cast<std::size_t>(from)];
+  int count = 0;
+  for (int k = 0; k < steps.straight.count; ++k) {
+    const auto i = static_cast<std::size_t>(k);
+    const int step = look.EmptyBattlefield(look.At(steps.straight.squares[i]));
+    count += step + (step & look.EmptyBattlefield(look.At(steps.beyond[i])));
+  }
+  for (std::int16_t to : steps.diagonal) count += look.HostilePiece(look.At(to));
+  return count;
+}
+
+int CountPawnOnBattlefield(const Looker& look, int from) {
+  const PawnSteps& steps = kReach.onField[static_cast<std::size_t>(from)];
+  int count = 0;
+  for (std::int16_t to : steps.straight) {
+    const Square& target = look.At(to);
+    count += look.PawnEnters(target) & (target.piece == kNoPiece);
+  }
+  for (std::int16_t to : steps.diagonal) {
+    const Square& target = look.At(to);
+    count += look.PawnEnters(target) & look.HostilePiece(target);
+  }
+  return count;
+}
+
+// A pawn's move into a keep may open the pawn options: one branch for each
+// line and one for the dialog closed, or one when there is no line.
+int CountByListing(const Position& position, int from) {
+  int count = 0;
+  ForEachDestination(position, from, [&](int to) {
+    const bool keep = position.board.squares[static_cast<std::size_t>(to)].terrain == kKeep;
+    const int lines = keep ? PawnOptionLinesOfMove(position, from, to) : 0;
+    count += lines == 0 ? 1 : lines + 1;
+  });
+  return count;
+}
+
+// Most rays of a slider end at once, on its own side's pieces: the first
+// square of every ray is looked at together, and only the open rays walked.
+template <std::size_t Rays>
+int CountSlider(const Position& position, const Looker& look, int from, const Square& source,
+                const int (&directions)[Rays]) {
+  const auto& ring = kReach.ring[static_cast<std::size_t>(from)];
+  unsigned open = 0;
+  for (int d : directions)
+    open |= static_cast<unsigned>(look.Lands(look.At(ring[static_cast<std::size_t>(d)]))) << d;
+  if (open == 0) return 0;
+  const piece_rules::Mover m{position, from, source, look.hostile};
+  const bool inRealm = source.piece == kBishop ? source.terrain == kKeep
+                                               : source.terrain == kMoat || source.terrain == kKeep;
+  int count = 0;
+  auto add = [&count](int) { ++count; };
+  for (; open != 0; open &= open - 1) {
+    const int d = std::countr_zero(open);
+    // A capture on the first square ends the ray there. The pad square off
+    // the diamond looks empty, and its ray walks no square.
+    if (look.At(ring[static_cast<std::size_t>(d)]).piece != kNoPiece)
+      ++count;
+    else
+      piece_rules::Slide(m, d, inRealm, add);
+  }
+  return count;
+}
+
+constexpr int kQueenRays[] = {0, 1, 2, 3, 4, 5, 6, 7};
+
+int CountPiece(const Position& position, const Looker& look, int from) {
+  const Square& source = look.At(from);
+  switch (source.piece) {
+    case kPawn:
+      switch (piece_rules::GroundOf(source)) {
+        case piece_rules::PawnGround::OwnMoat:
+          return CountPawnInOwnMoat(look, from);
+        case piece_rules::PawnGround::Battlefield:
+          return CountPawnOnBattlefield(look, from);
+        case piece_rules::PawnGround::ForeignMoat:
+          return CountByListing(position, from);
+        case piece_rules::PawnGround::Stuck:
+          return 0;
+      }
+      return 0;
+    case kKnight:
+      return CountLandings(look, kReach.knight[static_cast<std::size_t>(from)]);
+    case kKing:
+      return CountKing(position, look, from, source.team);
+    case kBishop:
+      return CountSlider(position, look, from, source, piece_rules::kBishopRays);
+    case kRook:
+      return CountSlider(position, look, from, source, piece_rules::kRookRays);
+    case kQueen:
+      return CountSlider(position, look, from, source, kQueenRays);
+    default:  // the Castle Pawn, which may raid any keep
+      return CountByListing(position, from);
+  }
+}
+
+}  // namespace
+
+int CountBranches(const Position& position) {
+  if (position.Finished()) return 0;
+  const int team = TeamIndex(position.currentTeam);
+  if (team < 0) return 0;
+  const unsigned hostile = HostileTeamsOf(position.gameType, position.currentTeam);
+  const unsigned noTeam = 1u << kNoTeam;
+  const Looker look{position.board, hostile, hostile & ~noTeam, hostile | noTeam};
+  int count = 0;
+  position.pieces[static_cast<std::size_t>(team)].ForEach(
+      [&](int from) { count += CountPiece(position, look, from); });
+  return count;
+}
+
+}  // namespace varkesh
