@@ -86,44 +86,54 @@ int CountPawnOnBattlefield(const Looker& look, int from) {
 
 // A pawn's move into a keep may open the pawn options: one branch for each
 // line and one for the dialog closed, or one when there is no line.
+int Branches(const Position& position, int from, int to) {
+  if (position.board.squares[static_cast<std::size_t>(to)].terrain != kKeep) return 1;
+  const int lines = PawnOptionLinesOfMove(position, from, to);
+  return lines == 0 ? 1 : lines + 1;
+}
+
+// A pawn in a foreign moat may only step into that realm's keep.
 int CountByListing(const Position& position, int from) {
   int count = 0;
-  ForEachDestination(position, from, [&](int to) {
-    const bool keep = position.board.squares[static_cast<std::size_t>(to)].terrain == kKeep;
-    const int lines = keep ? PawnOptionLinesOfMove(position, from, to) : 0;
-    count += lines == 0 ? 1 : lines + 1;
-  });
+  ForEachDestination(position, from, [&](int to) { count += Branches(position, from, to); });
+  return count;
+}
+
+// A Castle Pawn steps onto any ground but a fallen realm's, and may raid any
+// keep; its moves are few, so only a reached square asks for the options.
+int CountCastlePawn(const Position& position, const Looker& look, int from) {
+  const PawnSteps& steps = kReach.anyGround[static_cast<std::size_t>(from)];
+  int count = 0;
+  for (std::int16_t to : steps.straight) {
+    const Square& target = look.At(to);
+    if ((target.piece == kNoPiece) & !IsFallenSquare(target)) count += Branches(position, from, to);
+  }
+  for (std::int16_t to : steps.diagonal) {
+    const Square& target = look.At(to);
+    if (look.HostilePiece(target) & !IsFallenSquare(target)) count += Branches(position, from, to);
+  }
   return count;
 }
 
 // Most rays of a slider end at once, on its own side's pieces: the first
-// square of every ray is looked at together, and only the open rays walked.
-template <std::size_t Rays>
-int CountSlider(const Position& position, const Looker& look, int from, const Square& source,
-                const int (&directions)[Rays]) {
+// square of each ray is looked at together, and only the others walked. The
+// pad square off the diamond passes, and its ray walks no square.
+template <int... Directions>
+int CountSlider(const Position& position, const Looker& look, int from, const Square& source) {
   const auto& ring = kReach.ring[static_cast<std::size_t>(from)];
-  unsigned open = 0;
-  for (int d : directions)
-    open |= static_cast<unsigned>(look.Lands(look.At(ring[static_cast<std::size_t>(d)]))) << d;
+  const auto leaves = [&](int d) {
+    return static_cast<unsigned>(look.At(ring[static_cast<std::size_t>(d)]).team != source.team);
+  };
+  unsigned open = ((leaves(Directions) << Directions) | ...);
   if (open == 0) return 0;
   const piece_rules::Mover m{position, from, source, look.hostile};
   const bool inRealm = source.piece == kBishop ? source.terrain == kKeep
                                                : source.terrain == kMoat || source.terrain == kKeep;
   int count = 0;
   auto add = [&count](int) { ++count; };
-  for (; open != 0; open &= open - 1) {
-    const int d = std::countr_zero(open);
-    // A capture on the first square ends the ray there. The pad square off
-    // the diamond looks empty, and its ray walks no square.
-    if (look.At(ring[static_cast<std::size_t>(d)]).piece != kNoPiece)
-      ++count;
-    else
-      piece_rules::Slide(m, d, inRealm, add);
-  }
+  for (; open != 0; open &= open - 1) piece_rules::Slide(m, std::countr_zero(open), inRealm, add);
   return count;
 }
-
-constexpr int kQueenRays[] = {0, 1, 2, 3, 4, 5, 6, 7};
 
 int CountPiece(const Position& position, const Looker& look, int from) {
   const Square& source = look.At(from);
@@ -144,14 +154,18 @@ int CountPiece(const Position& position, const Looker& look, int from) {
       return CountLandings(look, kReach.knight[static_cast<std::size_t>(from)]);
     case kKing:
       return CountKing(position, look, from, source.team);
+    // The rays of piece_rules::kBishopRays and kRookRays; the order of the
+    // rays does not matter to a count.
     case kBishop:
-      return CountSlider(position, look, from, source, piece_rules::kBishopRays);
+      return CountSlider<0, 2, 5, 7>(position, look, from, source);
     case kRook:
-      return CountSlider(position, look, from, source, piece_rules::kRookRays);
+      return CountSlider<1, 3, 4, 6>(position, look, from, source);
     case kQueen:
-      return CountSlider(position, look, from, source, kQueenRays);
-    default:  // the Castle Pawn, which may raid any keep
-      return CountByListing(position, from);
+      return CountSlider<0, 1, 2, 3, 4, 5, 6, 7>(position, look, from, source);
+    case kCastlePawn:
+      return CountCastlePawn(position, look, from);
+    default:  // an unknown kind from a damaged file cannot move
+      return 0;
   }
 }
 

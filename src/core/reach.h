@@ -47,6 +47,8 @@ struct Reach {
   // its own; a pawn on the battlefield onto battlefield or a moat.
   std::array<PawnSteps, kSquareCount> outOfMoat{};
   std::array<PawnSteps, kSquareCount> onField{};
+  // A Castle Pawn may step onto any ground.
+  std::array<PawnSteps, kSquareCount> anyGround{};
 };
 
 constexpr Reach MakeReach() {
@@ -67,6 +69,8 @@ constexpr Reach MakeReach() {
       const bool moat = terrainIs(to, kMoat);
       PawnSteps& out = r.outOfMoat[f];
       PawnSteps& on = r.onField[f];
+      PawnSteps& any = r.anyGround[f];
+      if (to != kNowhere) (IsOrthogonal(d) ? any.straight : any.diagonal).Add(to);
       if (!IsOrthogonal(d)) {
         if (field) out.diagonal.Add(to);
         if (field || moat) on.diagonal.Add(to);
