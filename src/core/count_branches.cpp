@@ -61,23 +61,23 @@ int CountKing(const Position& position, const Looker& look, int from, int team) 
 int CountPawnInOwnMoat(const Looker& look, int from) {
   const PawnSteps& steps = kReach.outOfMoat[static_cast<std::size_t>(from)];
   int count = 0;
-  for (int k = 0; k < steps.straight.count; ++k) {
-    const auto i = static_cast<std::size_t>(k);
-    const int step = look.EmptyBattlefield(look.At(steps.straight.squares[i]));
-    count += step + (step & look.EmptyBattlefield(look.At(steps.beyond[i])));
+  for (std::size_t k = 0; k < kMoatStraightSteps; ++k) {
+    const int step = look.EmptyBattlefield(look.At(steps.straight.squares[k]));
+    count += step + (step & look.EmptyBattlefield(look.At(steps.beyond[k])));
   }
-  for (std::int16_t to : steps.diagonal) count += look.HostilePiece(look.At(to));
+  for (std::size_t k = 0; k < kMoatDiagonalSteps; ++k)
+    count += look.HostilePiece(look.At(steps.diagonal.squares[k]));
   return count;
 }
 
 int CountPawnOnBattlefield(const Looker& look, int from) {
   const PawnSteps& steps = kReach.onField[static_cast<std::size_t>(from)];
   int count = 0;
-  for (std::int16_t to : steps.straight) {
+  for (std::int16_t to : steps.straight.squares) {
     const Square& target = look.At(to);
     count += look.PawnEnters(target) & (target.piece == kNoPiece);
   }
-  for (std::int16_t to : steps.diagonal) {
+  for (std::int16_t to : steps.diagonal.squares) {
     const Square& target = look.At(to);
     count += look.PawnEnters(target) & look.HostilePiece(target);
   }

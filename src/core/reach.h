@@ -30,7 +30,8 @@ struct SquareList {
 };
 
 // A pawn's steps from one square: straight ones, each with the square beyond
-// it for the double step (kPadSquare where there is none), and diagonal ones.
+// it for the double step, and diagonal ones. Unused places hold kPadSquare,
+// which no pawn enters, so a count may walk a whole row.
 struct PawnSteps {
   SquareList<4> straight;
   std::array<std::int16_t, 4> beyond{};
@@ -89,5 +90,20 @@ constexpr Reach MakeReach() {
 }
 
 inline constexpr Reach kReach = MakeReach();
+
+// Out of a moat a pawn has one straight step onto the battlefield and two
+// diagonal ones, at most: the counter looks at no more.
+inline constexpr int kMoatStraightSteps = 1;
+inline constexpr int kMoatDiagonalSteps = 2;
+constexpr bool MoatStepsFit() {
+  for (int index = 0; index < kSquareCount; ++index) {
+    const PawnSteps& steps = kReach.outOfMoat[static_cast<std::size_t>(index)];
+    if (LaidOutTerrain(index) == kMoat &&
+        (steps.straight.count > kMoatStraightSteps || steps.diagonal.count > kMoatDiagonalSteps))
+      return false;
+  }
+  return true;
+}
+static_assert(MoatStepsFit());
 
 }  // namespace varkesh
