@@ -135,38 +135,27 @@ int CountSlider(const Position& position, const Looker& look, int from, const Sq
   return count;
 }
 
+int CountPawn(const Position& position, const Looker& look, int from, const Square& source) {
+  if (source.terrain == kBattlefield) return CountPawnOnBattlefield(look, from);
+  if (source.terrain != kMoat) return 0;  // a keep, any keep, holds a pawn for good
+  if (source.realm == source.team) return CountPawnInOwnMoat(look, from);
+  return CountByListing(position, from);
+}
+
+// Pawns first, as most pieces are pawns.
 int CountPiece(const Position& position, const Looker& look, int from) {
   const Square& source = look.At(from);
-  switch (source.piece) {
-    case kPawn:
-      switch (piece_rules::GroundOf(source)) {
-        case piece_rules::PawnGround::OwnMoat:
-          return CountPawnInOwnMoat(look, from);
-        case piece_rules::PawnGround::Battlefield:
-          return CountPawnOnBattlefield(look, from);
-        case piece_rules::PawnGround::ForeignMoat:
-          return CountByListing(position, from);
-        case piece_rules::PawnGround::Stuck:
-          return 0;
-      }
-      return 0;
-    case kKnight:
-      return CountLandings(look, kReach.knight[static_cast<std::size_t>(from)]);
-    case kKing:
-      return CountKing(position, look, from, source.team);
-    // The rays of piece_rules::kBishopRays and kRookRays; the order of the
-    // rays does not matter to a count.
-    case kBishop:
-      return CountSlider<0, 2, 5, 7>(position, look, from, source);
-    case kRook:
-      return CountSlider<1, 3, 4, 6>(position, look, from, source);
-    case kQueen:
-      return CountSlider<0, 1, 2, 3, 4, 5, 6, 7>(position, look, from, source);
-    case kCastlePawn:
-      return CountCastlePawn(position, look, from);
-    default:  // an unknown kind from a damaged file cannot move
-      return 0;
-  }
+  const int piece = source.piece;
+  if (piece == kPawn) return CountPawn(position, look, from, source);
+  if (piece == kKnight) return CountLandings(look, kReach.knight[static_cast<std::size_t>(from)]);
+  // The rays of piece_rules::kBishopRays and kRookRays; the order of the
+  // rays does not matter to a count.
+  if (piece == kRook) return CountSlider<1, 3, 4, 6>(position, look, from, source);
+  if (piece == kBishop) return CountSlider<0, 2, 5, 7>(position, look, from, source);
+  if (piece == kQueen) return CountSlider<0, 1, 2, 3, 4, 5, 6, 7>(position, look, from, source);
+  if (piece == kKing) return CountKing(position, look, from, source.team);
+  if (piece == kCastlePawn) return CountCastlePawn(position, look, from);
+  return 0;  // an unknown kind from a damaged file cannot move
 }
 
 }  // namespace
