@@ -29,8 +29,11 @@ struct Looker {
   // A frozen piece, its kind negated, is taken by nobody.
   int HostilePiece(const Square& s) const { return (s.piece > 0) & Bit(taking, s.team); }
   int Lands(const Square& s) const { return (s.piece >= 0) & Bit(landing, s.team); }
+  // Empty battlefield, whatever the realm: one compare of the whole square.
   static int EmptyBattlefield(const Square& s) {
-    return (s.terrain == kBattlefield) & (s.piece == kNoPiece);
+    constexpr auto kMask = std::bit_cast<std::uint32_t>(Square{-1, -1, -1, 0});
+    constexpr auto kEmpty = std::bit_cast<std::uint32_t>(Square{kNoTeam, kNoPiece, kBattlefield, 0});
+    return (std::bit_cast<std::uint32_t>(s) & kMask) == kEmpty;
   }
   // Where a pawn on the battlefield may step: more battlefield, or the moat
   // of a realm that is neither its own nor an ally's.
