@@ -32,14 +32,11 @@ struct Looker {
   // Empty battlefield, whatever the realm: one compare of the whole square.
   static int EmptyBattlefield(const Square& s) {
     constexpr auto kMask = std::bit_cast<std::uint32_t>(Square{-1, -1, -1, 0});
-    constexpr auto kEmpty = std::bit_cast<std::uint32_t>(Square{kNoTeam, kNoPiece, kBattlefield, 0});
+    constexpr auto kEmpty =
+        std::bit_cast<std::uint32_t>(Square{kNoTeam, kNoPiece, kBattlefield, 0});
     return (std::bit_cast<std::uint32_t>(s) & kMask) == kEmpty;
   }
-  // Where a pawn on the battlefield may step: more battlefield, or the moat
-  // of a realm that is neither its own nor an ally's.
-  int PawnEnters(const Square& s) const {
-    return (s.terrain == kBattlefield) | ((s.terrain == kMoat) & Bit(taking, s.realm));
-  }
+  int RaidableMoat(const Square& s) const { return Bit(taking, s.realm); }
 };
 
 int CountLandings(const Looker& look, const SquareList<kDirections>& targets) {
@@ -74,15 +71,20 @@ int CountPawnInOwnMoat(const Looker& look, int from) {
 }
 
 int CountPawnOnBattlefield(const Looker& look, int from) {
-  const PawnSteps& steps = kReach.onField[static_cast<std::size_t>(from)];
+  const auto f = static_cast<std::size_t>(from);
+  const PawnSteps& field = kReach.onField[f];
   int count = 0;
-  for (std::int16_t to : steps.straight.squares) {
+  for (std::int16_t to : field.straight.squares) count += look.EmptyBattlefield(look.At(to));
+  for (std::int16_t to : field.diagonal.squares) count += look.HostilePiece(look.At(to));
+  // Beside a moat: the moat of a realm that is neither its own nor an ally's.
+  const PawnSteps& moat = kReach.intoMoat[f];
+  for (std::int16_t to : moat.straight) {
     const Square& target = look.At(to);
-    count += look.PawnEnters(target) & (target.piece == kNoPiece);
+    count += look.RaidableMoat(target) & (target.piece == kNoPiece);
   }
-  for (std::int16_t to : steps.diagonal.squares) {
+  for (std::int16_t to : moat.diagonal) {
     const Square& target = look.At(to);
-    count += look.PawnEnters(target) & look.HostilePiece(target);
+    count += look.RaidableMoat(target) & look.HostilePiece(target);
   }
   return count;
 }

@@ -45,9 +45,11 @@ struct Reach {
   std::array<SquareList<kDirections>, kSquareCount> king{};
   std::array<SquareList<kDirections>, kSquareCount> knight{};
   // A pawn in a moat steps only onto the battlefield, twice straight out of
-  // its own; a pawn on the battlefield onto battlefield or a moat.
+  // its own; a pawn on the battlefield onto more battlefield (onField) or a
+  // moat (intoMoat), where the realm decides.
   std::array<PawnSteps, kSquareCount> outOfMoat{};
   std::array<PawnSteps, kSquareCount> onField{};
+  std::array<PawnSteps, kSquareCount> intoMoat{};
   // A Castle Pawn may step onto any ground.
   std::array<PawnSteps, kSquareCount> anyGround{};
 };
@@ -70,11 +72,13 @@ constexpr Reach MakeReach() {
       const bool moat = terrainIs(to, kMoat);
       PawnSteps& out = r.outOfMoat[f];
       PawnSteps& on = r.onField[f];
+      PawnSteps& moatward = r.intoMoat[f];
       PawnSteps& any = r.anyGround[f];
       if (to != kNowhere) (IsOrthogonal(d) ? any.straight : any.diagonal).Add(to);
       if (!IsOrthogonal(d)) {
         if (field) out.diagonal.Add(to);
-        if (field || moat) on.diagonal.Add(to);
+        if (field) on.diagonal.Add(to);
+        if (moat) moatward.diagonal.Add(to);
         continue;
       }
       if (field) {
@@ -83,7 +87,8 @@ constexpr Reach MakeReach() {
             terrainIs(beyond, kBattlefield) ? static_cast<std::int16_t>(beyond) : kPadSquare;
         out.straight.Add(to);
       }
-      if (field || moat) on.straight.Add(to);
+      if (field) on.straight.Add(to);
+      if (moat) moatward.straight.Add(to);
     }
   }
   return r;
