@@ -1,8 +1,9 @@
 // Counting the branches of a position without listing them: the leaves of
 // every count of the tree, so the hottest loop of the rules. The order of
-// the moves does not matter to a count, so each kind of piece walks its own
-// fixed rows of squares (reach.h) and adds up tests without branching; the
-// rare pieces that may enter a keep take the listing's own path.
+// the moves does not matter to a count, so each kind of piece reads its own
+// rows of squares (reach.h) and adds up tests without branching. Only a move
+// into a keep asks for the pawn options, and a pawn in a foreign moat, which
+// can make no other move, takes the listing's own path.
 #include <bit>
 #include <cstdint>
 
@@ -46,7 +47,7 @@ int CountLandings(const Looker& look, const SquareList<kDirections>& targets) {
 }
 
 int CountKing(const Position& position, const Looker& look, int from, int team) {
-  int count = CountLandings(look, kReach.king[static_cast<std::size_t>(from)]);
+  int count = CountLandings(look, ReachOf(from).king);
   if (!TeamEntry(position.castleRight, team)) return count;
   // The castle corner is one more square unless the King already steps there.
   const BoardSquare corner = CastleCorner(team);
@@ -59,7 +60,7 @@ int CountKing(const Position& position, const Looker& look, int from, int team) 
 // A pawn that has not moved yet: one step straight onto empty battlefield,
 // two where both are empty, or a hostile piece taken diagonally.
 int CountPawnInOwnMoat(const Looker& look, int from) {
-  const PawnSteps& steps = kReach.outOfMoat[static_cast<std::size_t>(from)];
+  const PawnSteps& steps = ReachOf(from).field;
   int count = 0;
   for (std::size_t k = 0; k < kMoatStraightSteps; ++k) {
     const int step = look.EmptyBattlefield(look.At(steps.straight.squares[k]));
@@ -71,13 +72,13 @@ int CountPawnInOwnMoat(const Looker& look, int from) {
 }
 
 int CountPawnOnBattlefield(const Looker& look, int from) {
-  const auto f = static_cast<std::size_t>(from);
-  const PawnSteps& field = kReach.onField[f];
+  const SquareReach& reach = ReachOf(from);
+  const PawnSteps& field = reach.field;
   int count = 0;
   for (std::int16_t to : field.straight.squares) count += look.EmptyBattlefield(look.At(to));
   for (std::int16_t to : field.diagonal.squares) count += look.HostilePiece(look.At(to));
   // Beside a moat: the moat of a realm that is neither its own nor an ally's.
-  const PawnSteps& moat = kReach.intoMoat[f];
+  const PawnSteps& moat = reach.moat;
   for (std::int16_t to : moat.straight) {
     const Square& target = look.At(to);
     count += look.RaidableMoat(target) & (target.piece == kNoPiece);
@@ -107,7 +108,7 @@ int CountByListing(const Position& position, int from) {
 // A Castle Pawn steps onto any ground but a fallen realm's, and may raid any
 // keep; its moves are few, so only a reached square asks for the options.
 int CountCastlePawn(const Position& position, const Looker& look, int from) {
-  const PawnSteps& steps = kReach.anyGround[static_cast<std::size_t>(from)];
+  const PawnSteps& steps = ReachOf(from).any;
   int count = 0;
   for (std::int16_t to : steps.straight) {
     const Square& target = look.At(to);
@@ -121,15 +122,17 @@ int CountCastlePawn(const Position& position, const Looker& look, int from) {
 }
 
 // Most rays of a slider end at once, on its own side's pieces: the first
-// square of each ray is looked at together, and only the others walked. The
-// pad square off the diamond passes, and its ray walks no square.
-template <int... Directions>
+// square of each ray is looked at together, and only the open rays walked. A
+// missing neighbour reads as the pad square, of no team: its ray is walked
+// and ends at once.
+template <const auto& Rays>
 int CountSlider(const Position& position, const Looker& look, int from, const Square& source) {
-  const auto& ring = kReach.ring[static_cast<std::size_t>(from)];
+  const auto& ring = ReachOf(from).ring;
   const auto leaves = [&](int d) {
     return static_cast<unsigned>(look.At(ring[static_cast<std::size_t>(d)]).team != source.team);
   };
-  unsigned open = ((leaves(Directions) << Directions) | ...);
+  unsigned open = 0;
+  for (int d : Rays) open |= leaves(d) << d;
   if (open == 0) return 0;
   const piece_rules::Mover m{position, from, source, look.hostile};
   const bool inRealm = source.piece == kBishop ? source.terrain == kKeep
@@ -147,17 +150,17 @@ int CountPawn(const Position& position, const Looker& look, int from, const Squa
   return CountByListing(position, from);
 }
 
+constexpr int kQueenRays[] = {0, 1, 2, 3, 4, 5, 6, 7};
+
 // Pawns first, as most pieces are pawns.
 int CountPiece(const Position& position, const Looker& look, int from) {
   const Square& source = look.At(from);
   const int piece = source.piece;
   if (piece == kPawn) return CountPawn(position, look, from, source);
-  if (piece == kKnight) return CountLandings(look, kReach.knight[static_cast<std::size_t>(from)]);
-  // The rays of piece_rules::kBishopRays and kRookRays; the order of the
-  // rays does not matter to a count.
-  if (piece == kRook) return CountSlider<1, 3, 4, 6>(position, look, from, source);
-  if (piece == kBishop) return CountSlider<0, 2, 5, 7>(position, look, from, source);
-  if (piece == kQueen) return CountSlider<0, 1, 2, 3, 4, 5, 6, 7>(position, look, from, source);
+  if (piece == kKnight) return CountLandings(look, ReachOf(from).knight);
+  if (piece == kRook) return CountSlider<piece_rules::kRookRays>(position, look, from, source);
+  if (piece == kBishop) return CountSlider<piece_rules::kBishopRays>(position, look, from, source);
+  if (piece == kQueen) return CountSlider<kQueenRays>(position, look, from, source);
   if (piece == kKing) return CountKing(position, look, from, source.team);
   if (piece == kCastlePawn) return CountCastlePawn(position, look, from);
   return 0;  // an unknown kind from a damaged file cannot move

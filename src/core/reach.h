@@ -38,63 +38,61 @@ struct PawnSteps {
   SquareList<4> diagonal;
 };
 
-struct Reach {
-  // By square index. ring: all eight neighbours by direction, kPadSquare off
-  // the diamond; king and knight: the neighbours and jumps on the diamond.
-  std::array<std::array<std::int16_t, kDirections>, kSquareCount> ring{};
-  std::array<SquareList<kDirections>, kSquareCount> king{};
-  std::array<SquareList<kDirections>, kSquareCount> knight{};
-  // A pawn in a moat steps only onto the battlefield, twice straight out of
-  // its own; a pawn on the battlefield onto more battlefield (onField) or a
-  // moat (intoMoat), where the realm decides.
-  std::array<PawnSteps, kSquareCount> outOfMoat{};
-  std::array<PawnSteps, kSquareCount> onField{};
-  std::array<PawnSteps, kSquareCount> intoMoat{};
-  // A Castle Pawn may step onto any ground.
-  std::array<PawnSteps, kSquareCount> anyGround{};
+// Everything about one square kept together, since a count reads several
+// rows of the square a piece stands on.
+struct SquareReach {
+  // All eight neighbours by direction, kPadSquare off the diamond.
+  std::array<std::int16_t, kDirections> ring{};
+  // The neighbours and the Knight's jumps on the diamond.
+  SquareList<kDirections> king;
+  SquareList<kDirections> knight;
+  // A pawn's steps onto the battlefield, where a pawn in its own moat or on
+  // the battlefield may go; onto a moat, where the realm decides; and onto
+  // any ground, for a Castle Pawn.
+  PawnSteps field;
+  PawnSteps moat;
+  PawnSteps any;
 };
 
+using Reach = std::array<SquareReach, kSquareCount>;
+
 constexpr Reach MakeReach() {
-  Reach r;
+  Reach reach;
   const auto terrainIs = [](int index, int terrain) {
     return index != kNowhere && LaidOutTerrain(index) == terrain;
   };
   for (int from = 0; from < kSquareCount; ++from) {
-    const auto f = static_cast<std::size_t>(from);
+    SquareReach& r = reach[static_cast<std::size_t>(from)];
     for (int d = 0; d < kDirections; ++d) {
       const int to = Neighbour(from, d);
       const int jump = Jump(from, d);
-      r.ring[f][static_cast<std::size_t>(d)] =
+      r.ring[static_cast<std::size_t>(d)] =
           to == kNowhere ? kPadSquare : static_cast<std::int16_t>(to);
-      if (to != kNowhere) r.king[f].Add(to);
-      if (jump != kNowhere) r.knight[f].Add(jump);
-      const bool field = terrainIs(to, kBattlefield);
-      const bool moat = terrainIs(to, kMoat);
-      PawnSteps& out = r.outOfMoat[f];
-      PawnSteps& on = r.onField[f];
-      PawnSteps& moatward = r.intoMoat[f];
-      PawnSteps& any = r.anyGround[f];
-      if (to != kNowhere) (IsOrthogonal(d) ? any.straight : any.diagonal).Add(to);
-      if (!IsOrthogonal(d)) {
-        if (field) out.diagonal.Add(to);
-        if (field) on.diagonal.Add(to);
-        if (moat) moatward.diagonal.Add(to);
+      if (to != kNowhere) r.king.Add(to);
+      if (jump != kNowhere) r.knight.Add(jump);
+      if (to == kNowhere) continue;
+      const bool straight = IsOrthogonal(d);
+      (straight ? r.any.straight : r.any.diagonal).Add(to);
+      if (terrainIs(to, kMoat)) (straight ? r.moat.straight : r.moat.diagonal).Add(to);
+      if (!terrainIs(to, kBattlefield)) continue;
+      if (!straight) {
+        r.field.diagonal.Add(to);
         continue;
       }
-      if (field) {
-        const int beyond = Neighbour(to, d);
-        out.beyond[static_cast<std::size_t>(out.straight.count)] =
-            terrainIs(beyond, kBattlefield) ? static_cast<std::int16_t>(beyond) : kPadSquare;
-        out.straight.Add(to);
-      }
-      if (field) on.straight.Add(to);
-      if (moat) moatward.straight.Add(to);
+      const int beyond = Neighbour(to, d);
+      r.field.beyond[static_cast<std::size_t>(r.field.straight.count)] =
+          terrainIs(beyond, kBattlefield) ? static_cast<std::int16_t>(beyond) : kPadSquare;
+      r.field.straight.Add(to);
     }
   }
-  return r;
+  return reach;
 }
 
 inline constexpr Reach kReach = MakeReach();
+
+constexpr const SquareReach& ReachOf(int index) {
+  return kReach[static_cast<std::size_t>(index)];
+}
 
 // Out of a moat a pawn has one straight step onto the battlefield and two
 // diagonal ones, at most: the counter looks at no more.
@@ -102,7 +100,7 @@ inline constexpr int kMoatStraightSteps = 1;
 inline constexpr int kMoatDiagonalSteps = 2;
 constexpr bool MoatStepsFit() {
   for (int index = 0; index < kSquareCount; ++index) {
-    const PawnSteps& steps = kReach.outOfMoat[static_cast<std::size_t>(index)];
+    const PawnSteps& steps = ReachOf(index).field;
     if (LaidOutTerrain(index) == kMoat &&
         (steps.straight.count > kMoatStraightSteps || steps.diagonal.count > kMoatDiagonalSteps))
       return false;
