@@ -146,6 +146,22 @@ Targets TargetsOf(const Position& position, int team,
 
 // Without a pull towards the enemy nothing draws a side into the attack once
 // the captures run out, and a long game goes round in circles.
+// How far a square is from the moat line in front of a standing hostile
+// team's keep, where a pawn begins its raid.
+int MoatDistance(const Position& position, int team, int index) {
+  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
+  int nearest = kFarthest;
+  for (int other = kWhite; other <= kRed; ++other) {
+    if (TeamEntry(position.kingdomFallen, other) || !IsHostile(position.gameType, team, other))
+      continue;
+    const bool rows = other == kWhite || other == kBlack;
+    const int along = rows ? SquareY(index) : SquareX(index);
+    const int distance = std::abs(along - kMoatLine[static_cast<std::size_t>(other - 1)]);
+    if (distance < nearest) nearest = distance;
+  }
+  return nearest;
+}
+
 int Hunt(const Position& position, int team, const Targets& targets) {
   if (targets.count == 0) return 0;
   int bonus = 0;
@@ -153,7 +169,7 @@ int Hunt(const Position& position, int team, const Targets& targets) {
   position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
     const int piece = squares[static_cast<std::size_t>(index)].piece;
     if (piece <= 0 || piece >= kKing) return;
-    int nearest = kFarthest;
+    int nearest = piece == kPawn ? MoatDistance(position, team, index) : kFarthest;
     for (int k = 0; k < targets.count; ++k) {
       const int distance = Chebyshev(index, targets.squares[static_cast<std::size_t>(k)]);
       if (distance < nearest) nearest = distance;
