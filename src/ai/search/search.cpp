@@ -10,7 +10,7 @@ namespace {
 
 // A deeper search that would not finish in the time left is not begun: each
 // depth takes about this many times the time of all before it.
-constexpr double kNextDepthFactor = 2.5;
+constexpr double kNextDepthFactor = 2.0;
 
 SearchResult Deepen(NodeSearch& tree, const SearchSettings& settings, const InfoCallback& onInfo) {
   SearchResult result;
