@@ -97,7 +97,7 @@ void RecordCommands::ShowList(bool shown) {
 
 void RecordCommands::Refresh() {
   list_.Follow();
-  if (takeBack_) takeBack_->setEnabled(CanTakeBack(game_));
+  if (takeBack_) takeBack_->setEnabled(CanTakeBack(game_, outside_.Link()));
   if (redo_) redo_->setEnabled(CanRedo(game_, takeback_));
   // An imported game is this machine's alone: no session is told of it.
   if (import_) import_->setEnabled(game_.net.netRole == kNetNone);
