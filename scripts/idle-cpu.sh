@@ -2,8 +2,7 @@
 # Measures how much of one core the game takes while nothing happens:
 # the title screen, a human pondering (strobe and hints on) at scale 1 and at
 # scale 2 (QT_SCALE_FACTOR=2), a paused game of computer seats, and a
-# minimised window. Needs Xvfb, xdotool and
-# openbox (a window manager that minimises as desktops do).
+# minimised window. Needs Xvfb, xdotool and openbox.
 #   scripts/idle-cpu.sh BIN_DIR [SECONDS [SCENARIO...]]
 # BIN_DIR holds varkesh and varkesh-cli (a build's bin or an installed bin);
 # the scenarios are title, pondering, pondering-x2, paused and minimised,
@@ -14,18 +13,9 @@ seconds=${2:-20}
 scenarios=" ${*:3} "
 [ "$scenarios" = "  " ] && scenarios=" title pondering pondering-x2 paused minimised "
 wanted() { [[ "$scenarios" == *" $1 "* ]]; }
-work=$(mktemp -d)
-trap 'kill "${game:-0}" "${wm:-0}" "${xvfb:-0}" 2>/dev/null || true; rm -rf "$work"' EXIT
+source "$(dirname "$0")/virtual-display.sh" :57
 
-export DISPLAY=:57
-Xvfb "$DISPLAY" -screen 0 2560x1600x24 -nolisten tcp >/dev/null 2>&1 &
-xvfb=$!
-sleep 1
-openbox >/dev/null 2>&1 &
-wm=$!
-sleep 0.5
-
-export HOME="$work/home" QT_QPA_PLATFORM=xcb
+export HOME="$work/home"
 mkdir -p "$HOME/.config/Varkesh"
 # Not the first run: the ReadMe stays closed.
 printf '[Settings]\nFirst=Done\nSfx=0\n' >"$HOME/.config/Varkesh/Varkesh.conf"
@@ -57,8 +47,6 @@ stop_game() {
   kill "$game" 2>/dev/null || true
   wait "$game" 2>/dev/null || true
 }
-
-window_of_game() { xdotool search --sync --onlyvisible --pid "$game" --name '^Varkesh$' | head -1; }
 
 if wanted title; then
   start_game

@@ -6,17 +6,7 @@
 set -euo pipefail
 bin=$(cd "$1" && pwd)
 here=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d)
-trap 'kill "${game:-0}" "${wm:-0}" "${xvfb:-0}" 2>/dev/null || true; rm -rf "$work"' EXIT
-
-export DISPLAY=:58
-Xvfb "$DISPLAY" -screen 0 2560x1600x24 -nolisten tcp >/dev/null 2>&1 &
-xvfb=$!
-sleep 1
-openbox >/dev/null 2>&1 &
-wm=$!
-sleep 0.5
-export QT_QPA_PLATFORM=xcb
+source "$here/../../scripts/virtual-display.sh" :58
 
 # A fresh home with the settings given, the game started past the title.
 start() {
@@ -26,7 +16,7 @@ start() {
   (cd "$work" && exec "$bin/varkesh") >/dev/null 2>&1 &
   game=$!
   sleep 3
-  window=$(xdotool search --sync --onlyvisible --pid "$game" --name '^Varkesh$' | head -1)
+  window=$(window_of_game)
   xdotool windowactivate --sync "$window" || true
   # A click on the title, then Start in the new game dialog.
   xdotool mousemove --window "$window" 300 300 click 1

@@ -48,7 +48,7 @@ void PlayRandomly(Match& match, Random& random, int count) {
     ListBranches(match.position, moves);
     if (moves.Empty()) return;
     Move move = moves[random.Below(moves.Count())];
-    if (move.option >= 0 && random.Below(4) == 0) move.option = kOptionComputer;
+    if (move.option != kOptionClosed && random.Below(4) == 0) move.option = kOptionComputer;
     PlayMove(match, move);
   }
 }
