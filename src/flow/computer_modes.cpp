@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "ai/choice_ladder.h"
 #include "ai/search/levels.h"
 #include "core/apply_move.h"
@@ -61,6 +63,28 @@ void PreviewMove(Game& game, Outside& outside, GameView& view) {
   }
 }
 
+// Every machine of a session carries a computer move out with the
+// computer's fixed rule for a pawn in a keep. A move whose option that rule
+// would not take goes out as a player's move instead, which any peer plays
+// exactly: the piece and the destination now, the move message with its
+// option when it is played.
+bool ToldAsPlayersMove(const Game& game) {
+  return game.turn.computerOption != kOptionComputer;
+}
+
+void TellChoiceAsPlayers(Game& game, NetLink& link) {
+  TurnState& turn = game.turn;
+  const int toX = turn.moveToX, toY = turn.moveToY, mode = turn.gameMode;
+  turn.moveToX = turn.moveToY = 0;
+  turn.gameMode = ModeChooseDestination;
+  link.TellSelection(game);
+  turn.moveToX = toX;
+  turn.moveToY = toY;
+  turn.gameMode = ModeConfirmMove;
+  link.TellSelection(game);
+  turn.gameMode = mode;
+}
+
 }  // namespace
 
 void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
@@ -98,12 +122,26 @@ void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
   turn.moveToY = move.toY;
   ShowPiece(game, outside, turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY);
   game.turn.gameMode = ModeComputerMoves;
-  Mirror(game, outside);
+  NetLink* link = outside.Link();
+  if (link != nullptr && ToldAsPlayersMove(game))
+    TellChoiceAsPlayers(game, *link);
+  else
+    Mirror(game, outside);
 }
 
 void StepComputerMoves(Game& game, Outside& outside, GameView& view) {
   if (outside.IsMenuChecked(Menu::OptionsShowComp)) PreviewMove(game, outside, view);
+  // What the move message tells is read before the move changes the board.
+  NetLink* link = ChoosesComputerMoves(game) ? outside.Link() : nullptr;
+  std::optional<MoveEffects> toTell;
+  if (link != nullptr && ToldAsPlayersMove(game)) {
+    const TurnState& turn = game.turn;
+    Position after = game.match.position;
+    toTell = ApplyMove(after, Move::Of(turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY,
+                                       turn.computerOption));
+  }
   Guarded(outside, "modVarkesh", "CarryOutAImove", [&] { CarryOutAImove(game, outside); });
+  if (toTell) link->TellMove(game, *toTell);
   // A move that failed half-way must not be tried again on every pass.
   if (game.turn.gameMode == ModeComputerMoves) {
     PassTurn(game.match.position);

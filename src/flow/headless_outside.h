@@ -56,6 +56,8 @@ class HeadlessOutside : public Outside {
   std::string gameDescription;
   bool pauseButtonVisible = false;
   bool faultReported = false;  // the error handler showed its box
+  // The Master's time a move; 0 for the level's default.
+  int thinkingTimeMs = 0;
 
   // Each box and each change of the turn label or the game description, as
   // one line of text; unset, nothing is printed.
@@ -92,6 +94,7 @@ class HeadlessOutside : public Outside {
   void SetMenuEnabled(Menu menu, bool enabled) override;
   bool IsMenuChecked(Menu menu) const override;
   void ShowPauseButton(bool visible) override;
+  int ThinkingTimeMs() const override { return thinkingTimeMs; }
   void PlaySound(const std::string& entry) override;
   // From entryPaths, else from <appPath>r.opk, opened on first use and
   // extracted into a temporary folder that goes with this object.

@@ -85,6 +85,9 @@ class Menus {
   virtual void SetMenuEnabled(Menu menu, bool enabled) = 0;
   virtual bool IsMenuChecked(Menu menu) const = 0;
   virtual void ShowPauseButton(bool visible) = 0;
+  // The Master's time a move in milliseconds, as the player set it; 0 for
+  // the level's own default.
+  virtual int ThinkingTimeMs() const { return 0; }
 };
 
 // The pack's sounds and entries.

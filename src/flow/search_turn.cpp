@@ -27,7 +27,9 @@ std::string ProgressText(int level, int depth) {
 
 SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, int personality) {
   const Position position = game.match.position;
-  const search::SearchSettings settings = LevelSettings(level, personality, {});
+  search::SearchLimits master;
+  master.movetimeMs = outside.ThinkingTimeMs();
+  const search::SearchSettings settings = LevelSettings(level, personality, master);
   std::atomic<bool> stop{false};
   std::atomic<bool> done{false};
   std::atomic<int> depth{0};
@@ -61,14 +63,11 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
   searched.stopped = game.turn.quitRequested;
   searched.found = result.found;
   searched.move = result.best;
-  // The fixed rule where it agrees, so that the move plays as the
-  // evaluator's would; in a session every node carries computer moves out
-  // by that rule, so there the search's option gives way to it.
-  if (searched.found && searched.move.option != kOptionNone) {
-    const int byRule = ComputerOptionLine(position, searched.move);
-    if (byRule == searched.move.option || game.net.netRole != kNetNone)
-      searched.move.option = kOptionComputer;
-  }
+  // The fixed rule where it agrees, so that the move plays, and goes over
+  // the network, as the evaluator's would. Any other option stays a line.
+  if (searched.found && searched.move.option != kOptionNone &&
+      ComputerOptionLine(position, searched.move) == searched.move.option)
+    searched.move.option = kOptionComputer;
   return searched;
 }
 

@@ -12,9 +12,13 @@ namespace varkesh {
 struct SearchedMove {
   bool found = false;    // false: the team on turn has no move
   bool stopped = false;  // the program is quitting; no move is played
-  Move move;             // its option a line, or kOptionComputer for the fixed rule
+  // Its option: kOptionComputer where the computer's fixed rule makes the
+  // same choice, else the line (or kOptionClosed) the search chose.
+  Move move;
 };
 
+// Searches for the team on turn at this level, within the Master's time
+// the outside gives.
 SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, int personality);
 
 }  // namespace varkesh

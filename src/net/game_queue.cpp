@@ -218,7 +218,11 @@ void CatchUpClient(NetNode& node, int clientNode) {
   SendToNode(node, clientNode,
              NumberMessage("GUPM", {game.turn.moveFromX, game.turn.moveFromY, game.turn.moveToX,
                                     game.turn.moveToY}));
-  SendToNode(node, clientNode, NumberMessage("GUGS", {mode}));
+  // A computer move that goes out as a player's shows as a chosen
+  // destination until its move message comes.
+  const bool toldAsPlayers =
+      mode == ModeComputerMoves && game.turn.computerOption != kOptionComputer;
+  SendToNode(node, clientNode, NumberMessage("GUGS", {toldAsPlayers ? ModeConfirmMove : mode}));
 }
 
 void SendGameToAll(NetNode& node, const std::string& notice) {

@@ -70,6 +70,9 @@ void ServeGameQueue(NetNode& node);
 // The host's commands of the NetPlay window. team is 1 to 4.
 void AssignSeat(NetNode& node, int team, int toNode);
 void GiveSeatToComputer(NetNode& node, int team, int personality);
+// The level a computer seat plays at. It stays on the host, which alone
+// chooses the computer's moves, and goes to nobody.
+void SetSeatLevel(NetNode& node, int team, int level);
 // The question of the "Boot User" box for that node's player; empty when
 // the node cannot be booted (the host's own line, a free node).
 std::string BootQuestion(const NetNode& node, int bootNode);

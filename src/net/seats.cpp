@@ -143,4 +143,12 @@ void GiveSeatToComputer(NetNode& node, int team, int personality) {
   }
 }
 
+void SetSeatLevel(NetNode& node, int team, int level) {
+  const int i = TeamIndex(team);
+  if (node.game.net.netRole != kNetHosting || i < 0 || level < kLevelClassic ||
+      level > kLevelMaster)
+    return;
+  node.game.match.setup.levels[static_cast<std::size_t>(i)] = level;
+}
+
 }  // namespace varkesh::net

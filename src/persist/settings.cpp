@@ -109,6 +109,8 @@ OptionMarks ReadOptionMarks(const SettingsStore& store, OptionMarks marks) {
   if (!history.empty()) marks.history = history == "0" ? 0 : history == "1" ? 1 : 3;
   const std::string turnBoard = store.Read("TurnBoard");
   if (!turnBoard.empty()) marks.turnBoard = turnBoard;
+  if (const std::optional<int> thinking = StoredNumber(store, "ThinkingTime"))
+    marks.thinkingTimeMs = *thinking;
   return marks;
 }
 
@@ -119,6 +121,7 @@ void WriteOptionMarks(SettingsStore& store, const OptionMarks& marks) {
   store.Write("Hints", MarkText(marks.hints));
   store.Write("History", marks.history == 0 ? "0" : marks.history == 1 ? "1" : "3");
   if (!marks.turnBoard.empty()) store.Write("TurnBoard", marks.turnBoard);
+  if (marks.thinkingTimeMs > 0) store.Write("ThinkingTime", std::to_string(marks.thinkingTimeMs));
 }
 
 bool TakeFirstRun(SettingsStore& store) {

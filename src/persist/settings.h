@@ -43,6 +43,8 @@ struct OptionMarks {
   int history = 0;  // 0, 1 or 3: which of the History entries is checked
   // The army turned to the bottom: "White" ... "Red", "Mine", or "" unchosen.
   std::string turnBoard;
+  // The Master's time a move in milliseconds; 0 when never chosen.
+  int thinkingTimeMs = 0;
 };
 
 // prefix "Main" or "Chat": keys prefix + "Top", "Left", "Height", "Width", "Window".

@@ -1,6 +1,7 @@
 #include "ui/chat_window.h"
 
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
@@ -10,10 +11,13 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextCursor>
 #include <QTextEdit>
+#include <algorithm>
 #include <exception>
 
+#include "ai/search/levels.h"
 #include "net/node.h"
 #include "persist/settings.h"
 
@@ -31,12 +35,13 @@ constexpr int kSeatLabelLeft = 218, kSeatLabelWidth = 44;
 constexpr int kNameLeft = 264, kNameWidth = 150;
 constexpr int kAssignLeft = 418, kAssignWidth = 34;
 constexpr int kComputerLeft = 460, kComputerWidth = 40;
+constexpr int kLevelLeft = kComputerLeft + 3 * (kComputerWidth + 4) + 4, kLevelWidth = 84;
 constexpr int kSeatTop = 24;
 constexpr int kButtonsTop = kSeatTop + 4 * kRowStep + 2;
 constexpr QRect kChatButton{kMargin, 162, 70, kRowHeight};
 constexpr int kChatLeft = 84;
 constexpr int kHistoryTop = kChatButton.top() + kRowHeight + 8;
-constexpr QSize kStartSize{590, 430};
+constexpr QSize kStartSize{kLevelLeft + kLevelWidth + kMargin, 430};
 const QColor kBackground(192, 192, 192);
 
 QPushButton* NamedButton(const QString& objectName, const QString& text, QWidget* parent) {
@@ -110,6 +115,8 @@ void ChatWindow::BuildSeatRows() {
   assignTitle_->setGeometry(kAssignLeft - 4, 6, kAssignWidth + 8, 16);
   computerTitle_ = NamedLabel("lblCompOpp", "Computer Opponent", this);
   computerTitle_->setGeometry(kComputerLeft, 6, 3 * kComputerWidth + 8, 16);
+  levelTitle_ = NamedLabel("lblLevel", "Level", this);
+  levelTitle_->setGeometry(kLevelLeft, 6, kLevelWidth, 16);
   const char* const seatLabels[kTeamCount] = {"White:", "Blue:", "Black:", "Red:"};
   const char* const computerNames[3] = {"cmdAgr", "cmdBal", "cmdDef"};
   const char* const computerTexts[3] = {"Agr", "Bal", "Def"};
@@ -135,6 +142,29 @@ void ChatWindow::BuildSeatRows() {
       connect(button, &QPushButton::clicked, this,
               [this, team, personality] { ComputerClicked(team, personality); });
     }
+    // How strongly the computer plays the seat, as in the new game dialog.
+    levels_[at] = new QComboBox(this);
+    levels_[at]->setObjectName("cmbLevel" + index);
+    for (int level = kLevelClassic; level <= kLevelMaster; ++level)
+      levels_[at]->addItem(LevelName(level), level);
+    levels_[at]->setGeometry(kLevelLeft, top, kLevelWidth, kRowHeight);
+    connect(levels_[at], &QComboBox::currentIndexChanged, this, [this, at, team](int index) {
+      LevelChosen(team, levels_[at]->itemData(index).toInt());
+    });
+  }
+  ShowLevels();
+}
+
+void ChatWindow::ShowLevels() {
+  const Setup& setup = game_.match.setup;
+  for (std::size_t i = 0; i < levels_.size(); ++i) {
+    // Showing the game's level is no choice of the player's.
+    const QSignalBlocker quiet(levels_[i]);
+    const int shown = levels_[i]->findData(SeatLevel(setup.levels[i]));
+    levels_[i]->setCurrentIndex(std::max(shown, 0));
+    // Open for a human seat too, so that the host can choose before handing
+    // the seat to the computer.
+    levels_[i]->setEnabled(hostControlsEnabled_);
   }
 }
 
@@ -143,8 +173,10 @@ void ChatWindow::HideHostControls() {
   boot_->hide();
   assignTitle_->hide();
   computerTitle_->hide();
+  levelTitle_->hide();
   for (std::size_t i = 0; i < assign_.size(); ++i) {
     assign_[i]->hide();
+    levels_[i]->hide();
     for (QPushButton* button : computer_[i]) button->hide();
   }
 }
@@ -191,6 +223,8 @@ void ChatWindow::SetNodeList(const std::vector<net::NodeLine>& lines, int select
 void ChatWindow::SetSeatCaptions(const PerTeam<std::string>& captions) {
   for (std::size_t i = 0; i < playerNames_.size(); ++i)
     playerNames_[i]->setText(QString::fromStdString(captions[i]));
+  // A new game, a loaded one or a seat change: the levels may have changed too.
+  ShowLevels();
   // The board writes the same names beside the keeps.
   game_.view.boardChanged = true;
 }
@@ -202,6 +236,8 @@ void ChatWindow::SetChatEnabled(bool enabled) {
 }
 
 void ChatWindow::SetHostControlsEnabled(bool enabled) {
+  hostControlsEnabled_ = enabled;
+  ShowLevels();
   boot_->setEnabled(enabled);
   for (std::size_t i = 0; i < assign_.size(); ++i) {
     assign_[i]->setEnabled(enabled);
@@ -236,6 +272,10 @@ void ChatWindow::ComputerClicked(int team, int personality) {
   const char* const subs[] = {"cmdAgr.Click", "cmdBal.Click", "cmdDef.Click"};
   Guard(subs[personality - 1],
         [this, team, personality] { net::GiveSeatToComputer(*node_, team, personality); });
+}
+
+void ChatWindow::LevelChosen(int team, int level) {
+  Guard("cmbLevel.Click", [this, team, level] { net::SetSeatLevel(*node_, team, level); });
 }
 
 void ChatWindow::BootClicked() {

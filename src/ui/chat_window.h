@@ -12,6 +12,7 @@
 #include "flow/game.h"
 #include "net/net_view.h"
 
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -67,6 +68,9 @@ class ChatWindow : public QWidget, public net::NetView {
   void Guard(const char* sub, const std::function<void()>& body);
   void AssignClicked(int team);
   void ComputerClicked(int team, int personality);
+  void LevelChosen(int team, int level);
+  // Each seat's level box shows the game's level.
+  void ShowLevels();
   void BootClicked();
   void ChatClicked();
 
@@ -83,8 +87,11 @@ class ChatWindow : public QWidget, public net::NetView {
   std::array<QLabel*, kTeamCount> playerNames_{};
   std::array<QPushButton*, kTeamCount> assign_{};
   std::array<std::array<QPushButton*, 3>, kTeamCount> computer_{};  // Agr, Bal, Def
+  std::array<QComboBox*, kTeamCount> levels_{};
   QLabel* assignTitle_ = nullptr;
   QLabel* computerTitle_ = nullptr;
+  QLabel* levelTitle_ = nullptr;
+  bool hostControlsEnabled_ = true;
   QPushButton* boot_ = nullptr;
   QPushButton* exit_ = nullptr;
   QTextEdit* history_ = nullptr;

@@ -13,6 +13,7 @@
 #include "flow/new_game.h"
 #include "flow/resign.h"
 #include "flow/save_load.h"
+#include "flow/thinking_time.h"
 #include "ui/connect_dialog.h"
 #include "ui/dialog_placement.h"
 #include "ui/fitting_label.h"
@@ -222,6 +223,7 @@ void MainWindow::BuildOptionsMenu() {
     action->setChecked(true);
     menus_[option.id] = action;
   }
+  BuildThinkingTimeMenu(menu);
   // The strobe shows or goes at once, so the board is drawn anew.
   connect(menus_[Menu::OptionIndicator], &QAction::triggered, this,
           [this] { game_.view.boardChanged = true; });
@@ -271,6 +273,27 @@ void MainWindow::BuildTurnBoardMenu(QMenu* options) {
             [this, choice = entry.choice] { SetChosenTurn(choice); });
   }
   MarkTurnChoice(EffectiveChoice(game_, chosenTurn_));
+}
+
+void MainWindow::BuildThinkingTimeMenu(QMenu* options) {
+  QMenu* menu = options->addMenu("Computer Thin&king Time");
+  menu->setObjectName("mnuThinkingTime");
+  auto* group = new QActionGroup(this);
+  group->setExclusive(true);
+  for (int ms : kThinkingTimeChoicesMs) {
+    QAction* action = menu->addAction(QString::fromStdString("&" + ThinkingTimeCaption(ms)));
+    action->setObjectName("mnuThinking" + QString::number(ms));
+    action->setCheckable(true);
+    group->addAction(action);
+    thinkingEntries_[ms] = action;
+    connect(action, &QAction::triggered, this, [this, ms] { SetThinkingTime(ms); });
+  }
+  SetThinkingTime(0);
+}
+
+void MainWindow::SetThinkingTime(int ms) {
+  thinkingTimeMs_ = ThinkingTimeChoice(ms);
+  thinkingEntries_.at(thinkingTimeMs_)->setChecked(true);
 }
 
 void MainWindow::SetChosenTurn(TurnChoice choice) {

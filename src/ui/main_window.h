@@ -40,6 +40,7 @@ class MainWindow : public QMainWindow {
   ~MainWindow() override;
 
   QtOutside& outside() { return *outside_; }
+  const Game& game() const { return game_; }
   // A file or web page in the system's default application.
   void OpenDocument(const std::string& pathOrAddress);
   // A file of the program's folder, such as "ReadMe.txt".
@@ -62,6 +63,12 @@ class MainWindow : public QMainWindow {
   void SetChosenTurn(TurnChoice choice);
   void MarkTurnChoice(TurnChoice effective);
   QAction& turnEntry(TurnChoice choice) const { return *turnEntries_.at(choice); }
+  // The Options menu's "Computer Thinking Time": the Master's time a move,
+  // one of the times the menu offers.
+  int ThinkingTimeMs() const { return thinkingTimeMs_; }
+  // Any other time is taken as the default.
+  void SetThinkingTime(int ms);
+  QAction& thinkingTimeEntry(int ms) const { return *thinkingEntries_.at(ms); }
   void SetMenuEnabled(Menu menu, bool enabled);
   bool IsMenuChecked(Menu menu) const;
   // Only for the option entries; History entries uncheck their sisters.
@@ -92,6 +99,7 @@ class MainWindow : public QMainWindow {
   void BuildNetPlayMenu();
   void BuildOptionsMenu();
   void BuildTurnBoardMenu(QMenu* options);
+  void BuildThinkingTimeMenu(QMenu* options);
   void BuildResignMenu();
   void BuildHelpMenu();
   QMenu* AddMenu(const char* objectName, const char* text, Menu id);
@@ -116,6 +124,8 @@ class MainWindow : public QMainWindow {
   std::map<Menu, QAction*> menus_;
   std::map<TurnChoice, QAction*> turnEntries_;
   TurnChoice chosenTurn_ = TurnChoice::Unchosen;
+  std::map<int, QAction*> thinkingEntries_;
+  int thinkingTimeMs_ = 0;
   int commandDepth_ = 0;
   std::unique_ptr<NetPlaySession> netPlay_;
 };

@@ -44,7 +44,9 @@ bool QtOutside::AskYesNo(const std::string& title, const std::string& text) {
 
 NewGameChoice QtOutside::RunNewGameDialog(const PerTeam<int>& lastPlayers,
                                           const std::string& proposedName) {
-  NewGameDialog dialog(lastPlayers, QString::fromStdString(proposedName), &window_);
+  // The seats' levels of the last game show again, as its players do.
+  NewGameDialog dialog(lastPlayers, QString::fromStdString(proposedName), &window_,
+                       window_.game().match.setup.levels);
   CentreOnOwner(dialog, &window_);
   dialog.exec();
   return dialog.Choice();
@@ -99,6 +101,10 @@ bool QtOutside::IsMenuChecked(Menu menu) const {
 
 void QtOutside::ShowPauseButton(bool visible) {
   window_.view().PauseButton().setVisible(visible);
+}
+
+int QtOutside::ThinkingTimeMs() const {
+  return window_.ThinkingTimeMs();
 }
 
 void QtOutside::PlaySound(const std::string& entry) {

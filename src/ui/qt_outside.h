@@ -44,6 +44,7 @@ class QtOutside : public Outside {
   void SetMenuEnabled(Menu menu, bool enabled) override;
   bool IsMenuChecked(Menu menu) const override;
   void ShowPauseButton(bool visible) override;
+  int ThinkingTimeMs() const override;
   void PlaySound(const std::string& entry) override;
   std::string ExtractEntry(const std::string& entry) override;
   void Yield() override;

@@ -60,6 +60,7 @@ void ApplyStoredOptions(MainWindow& window, const SettingsStore& store) {
                                              : Menu::History3,
                         true);
   window.SetChosenTurn(TurnChoiceNamed(marks.turnBoard));
+  window.SetThinkingTime(marks.thinkingTimeMs);
 }
 
 OptionMarks MarksOf(const MainWindow& window) {
@@ -72,6 +73,7 @@ OptionMarks MarksOf(const MainWindow& window) {
                   : window.IsMenuChecked(Menu::History1) ? 1
                                                          : 3;
   marks.turnBoard = TurnChoiceName(window.ChosenTurn());
+  marks.thinkingTimeMs = window.ThinkingTimeMs();
   return marks;
 }
 

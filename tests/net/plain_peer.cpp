@@ -96,6 +96,8 @@ void PlainPeer::Handle(const std::string& message) {
     game.turn.moveToY = number(3);
   } else if (verb == "GUGS") {
     game.turn.gameMode = number(0);
+    // Every node plays the computer's move itself, with the computer's rule.
+    if (game.turn.gameMode == ModeComputerMoves) CarryOutAImove(game, outside);
   } else if (verb == "GAMV" && fields.size() == 3) {
     PlaySelectedMove(number(0), number(1), number(2), false);
   } else if (verb == "GRES") {

@@ -1,7 +1,8 @@
 // A peer written from the protocol alone, on the in-process network: it
 // knows none of our own verbs, carries one byte a character, and keeps a
 // pawn that enters a keep with nothing to offer (the protocol has no word
-// for its loss). It keeps a game of its own, to be compared with ours.
+// for its loss). It keeps a game of its own, to be compared with ours, and
+// plays the computer's moves there by the computer's fixed rule.
 #pragma once
 
 #include <string>

@@ -5,6 +5,7 @@
 // pictures of the documentation, and it always prints how long a host's
 // move takes to appear on a client's board.
 #include <QAction>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -169,7 +170,8 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_FALSE(Child<QPushButton>(boChat, "cmdChat").isEnabled()) << "before its node number";
   ASSERT_TRUE(bo.WaitFor([&] { return Child<QPushButton>(boChat, "cmdChat").isEnabled(); }));
   EXPECT_EQ(bo.game().net.netRole, kNetClient);
-  for (const char* hidden : {"cmdBoot", "cmdAssign0", "cmdAgr1", "cmdDef3", "lblCompOpp"})
+  for (const char* hidden :
+       {"cmdBoot", "cmdAssign0", "cmdAgr1", "cmdDef3", "lblCompOpp", "cmbLevel2", "lblLevel"})
     EXPECT_TRUE(Child<QWidget>(boChat, hidden).isHidden()) << hidden;
   EXPECT_FALSE(Child<QWidget>(boChat, "cmdExit").isHidden());
   for (const Menu menu : {Menu::GameNew, Menu::GameLoad, Menu::GameSave, Menu::NetPlay})
@@ -287,6 +289,12 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
 
   // Bo has a White piece chosen when the host gives White to the computer:
   // the computer takes the turn at once, on every board.
+  // Its level is the host's alone to choose: only the host plays computer moves.
+  auto& level = Child<QComboBox>(hostChat, "cmbLevel0");
+  EXPECT_EQ(level.currentText(), "Classic");
+  host.window().SetThinkingTime(500);
+  level.setCurrentIndex(level.findText("Club"));
+  EXPECT_EQ(host.game().match.setup.levels[0], kLevelClub);
   ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().view.moveablePieces[1]));
   ASSERT_TRUE(host.WaitFor(ModeConfirmMove, kWhite));
   Click(hostChat, "cmdDef0");
@@ -296,6 +304,8 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host); }));
   EXPECT_EQ(SeatCaption(bo, kWhite), "Comp (Def)");
   EXPECT_EQ(bo.game().match.setup.playerKinds[0], kDefensive);
+  EXPECT_EQ(bo.game().match.setup.levels[0], kLevelClassic) << "the level goes to nobody";
+  EXPECT_EQ(level.currentText(), "Club");
 
   // Cy is booted while holding Red: Red falls back to the host.
   const auto reason = test::WhenModalOpens([](QWidget& box) {

@@ -1,0 +1,97 @@
+// How strongly the computer plays, as the player sets it in the window: the
+// level of each seat in the new game dialog, kept in the game and its saved
+// file, and the Master's thinking time in the Options menu, kept in the
+// settings.
+#include <QAction>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QMenu>
+
+#include "ui_test_support.h"
+
+namespace varkesh {
+namespace {
+
+using test::RunningProgram;
+
+QComboBox& Box(QWidget& dialog, const char* name) {
+  auto* box = dialog.findChild<QComboBox*>(name);
+  if (box == nullptr) throw std::runtime_error(std::string("no control ") + name);
+  return *box;
+}
+
+// Opens the new game dialog, lets choose act on it, and starts the game.
+void NewGame(RunningProgram& run, const std::function<void(QWidget&)>& choose) {
+  const auto answer = test::WhenModalOpens([&](QWidget& dialog) {
+    choose(dialog);
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+  });
+  run.window().findChild<QAction*>("mnuGameNew")->trigger();
+  ASSERT_TRUE(run.WaitFor([&] { return !answer->isActive(); }));
+}
+
+TEST(SeatLevels, TheDialogGivesThemToTheGameAndASavedGameKeepsThem) {
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  const PerTeam<int> chosen = {kLevelClassic, kLevelExpert, kLevelClassic, kLevelMaster};
+  NewGame(run, [](QWidget& dialog) {
+    EXPECT_FALSE(Box(dialog, "cmbLevel1").isEnabled()) << "a human seat has no level";
+    Box(dialog, "cmbPlayer1").setCurrentIndex(kBalanced);
+    EXPECT_TRUE(Box(dialog, "cmbLevel1").isEnabled());
+    Box(dialog, "cmbLevel1").setCurrentIndex(kLevelExpert - kLevelClassic);
+    Box(dialog, "cmbPlayer3").setCurrentIndex(kDefensive);
+    Box(dialog, "cmbLevel3").setCurrentIndex(kLevelMaster - kLevelClassic);
+  });
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_EQ(run.game().match.setup.levels, chosen);
+  EXPECT_EQ(run.game().match.setup.playerKinds,
+            (PerTeam<int>{kHuman, kBalanced, kHuman, kDefensive}));
+
+  const std::string saved = run.folder() + "levels.vsh";
+  run.documents().answers.push_back(saved);
+  run.window().findChild<QAction*>("mnuGameSave")->trigger();
+  ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
+
+  // The next dialog shows the last game's levels; this game plays Club.
+  NewGame(run, [](QWidget& dialog) {
+    EXPECT_EQ(Box(dialog, "cmbLevel1").currentText(), "Expert");
+    EXPECT_EQ(Box(dialog, "cmbLevel3").currentText(), "Master");
+    Box(dialog, "cmbLevel1").setCurrentIndex(kLevelClub - kLevelClassic);
+  });
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_EQ(run.game().match.setup.levels[1], kLevelClub);
+
+  run.documents().answers.push_back(saved);
+  run.window().findChild<QAction*>("mnuGameLoad")->trigger();
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_EQ(run.game().match.setup.levels, chosen);
+}
+
+TEST(ThinkingTime, TheOptionsMenuOffersItsTimesAndTheSettingsKeepTheChoice) {
+  const std::vector<std::pair<const char*, int>> stored = {
+      {"5000", 5000}, {"750", 1000}, {"fast", 1000}, {"", 1000}};
+  for (const auto& [text, expected] : stored) {
+    SCOPED_TRACE(text);
+    RunningProgram run({}, false, true, {{"ThinkingTime", text}});
+    ASSERT_TRUE(run.Started());
+    EXPECT_EQ(run.window().ThinkingTimeMs(), expected);
+    EXPECT_TRUE(run.window().thinkingTimeEntry(expected).isChecked());
+  }
+
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  QStringList captions;
+  for (QAction* entry : run.window().findChild<QMenu*>("mnuThinkingTime")->actions())
+    captions << entry->text();
+  EXPECT_EQ(captions,
+            (QStringList{"&0.5 Seconds", "&1 Second", "&2 Seconds", "&5 Seconds", "&10 Seconds"}));
+  run.window().thinkingTimeEntry(2000).trigger();
+  EXPECT_EQ(run.window().outside().ThinkingTimeMs(), 2000);
+  EXPECT_FALSE(run.window().thinkingTimeEntry(1000).isChecked());
+  run.window().close();
+  ASSERT_TRUE(run.WaitFor([&] { return run.Ended(); }));
+  EXPECT_EQ(run.settings().Read("ThinkingTime"), "2000");
+}
+
+}  // namespace
+}  // namespace varkesh
