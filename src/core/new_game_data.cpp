@@ -7,6 +7,8 @@
 #include <optional>
 #include <stdexcept>
 
+#include "core/terrain.h"
+
 namespace varkesh {
 
 namespace {
@@ -166,24 +168,9 @@ void LayOutTerrain(Board& board) {
   for (int y = 0; y < kBoardSide; ++y) {
     for (int x = 0; x < kBoardSide; ++x) {
       Square& square = board.at(x, y);
-      square.terrain = kOffBoard;
-      square.realm = kNoTeam;
-      if (!OnDiamond(x, y)) continue;
-      if (y >= 13) {
-        square.terrain = y == 13 ? kMoat : kKeep;
-        square.realm = kWhite;
-      } else if (y <= 3) {
-        square.terrain = y == 3 ? kMoat : kKeep;
-        square.realm = kBlack;
-      } else if (x <= 3) {
-        square.terrain = x == 3 ? kMoat : kKeep;
-        square.realm = kBlue;
-      } else if (x >= 13) {
-        square.terrain = x == 13 ? kMoat : kKeep;
-        square.realm = kRed;
-      } else {
-        square.terrain = kBattlefield;
-      }
+      const Square laid = LaidOutSquare(x, y);
+      square.terrain = laid.terrain;
+      square.realm = laid.realm;
     }
   }
 }

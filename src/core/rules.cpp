@@ -78,15 +78,6 @@ void ListBranches(const Position& position, MoveList& moves) {
   });
 }
 
-int CountBranches(const Position& position) {
-  int count = 0;
-  ForEachMove(position, [&](int from, int to, auto mayRaid) {
-    const int lines = RaidLines(position, from, to, mayRaid);
-    count += lines == 0 ? 1 : lines + 1;
-  });
-  return count;
-}
-
 bool IsListedMove(const Position& position, int fromX, int fromY, int toX, int toY) {
   if (position.Finished() || !Board::InBounds(fromX, fromY) || !Board::InBounds(toX, toY))
     return false;
