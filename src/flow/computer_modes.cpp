@@ -93,18 +93,29 @@ void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
   ShowBlock(game, view);
   if (!ChoosesComputerMoves(game)) return;
 
-  for (Menu menu : kMenusLockedWhileThinking) outside.SetMenuEnabled(menu, false);
   Move move;
   const int level = SeatLevel(TeamEntry(game.match.setup.levels, game.match.position.currentTeam));
   if (level > kLevelClassic) {
+    // The window goes on while the worker searches: only resigning waits,
+    // and the commands that change the game stop the search (the window
+    // holds them until it has).
+    outside.SetMenuEnabled(Menu::Resign, false);
     const int personality = ResolvePersonality(game.match.position, game.match.setup, 0);
     SearchedMove searched;
+    game.turn.searching = true;
     Guarded(outside, "modVarkesh", "GetAImove",
             [&] { searched = SearchComputerMove(game, outside, level, personality); });
-    if (searched.stopped) return UnlockMenus(game, outside);
+    game.turn.searching = false;
+    if (searched.stopped) {
+      // Thought over again on the next pass, unless the waiting command
+      // gives the game another course first.
+      game.turn.searchAbandoned = false;
+      return UnlockMenus(game, outside);
+    }
     if (!searched.found) return ResignForComputer(game, outside);
     move = searched.move;
   } else {
+    for (Menu menu : kMenusLockedWhileThinking) outside.SetMenuEnabled(menu, false);
     AiMoveList moves;
     AiChoice choice;
     ThinkingOutside thinking(outside);

@@ -55,6 +55,10 @@ struct TurnState {
   double turnElapsed = 0.0;
   bool paused = false;
   bool quitRequested = false;
+  // A searching level thinks on its worker while the window runs: commands
+  // that change the game wait for the search, or end it with searchAbandoned.
+  bool searching = false;
+  bool searchAbandoned = false;
   std::string saveFilePath;
   bool gameSaved = true;
 };

@@ -24,6 +24,11 @@ class NetLink {
   // A move or a resignation has been played out on this machine and the
   // turn passed on: the session keeps count and checks that machines agree.
   virtual void OnGameEvent(const Game&) {}
+  // Take Back Move in a session is the session's to decide: whether this
+  // machine's player may take back now, and doing it. The host takes back
+  // by itself and sends everyone the game; a client asks the host.
+  virtual bool CanTakeBackHere(const Game&) const { return false; }
+  virtual void TakeBackHere(Game&) {}
 };
 
 }  // namespace varkesh

@@ -48,7 +48,7 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
   });
   int shown = -1;
   while (!done) {
-    if (game.turn.quitRequested) stop = true;
+    if (game.turn.quitRequested || game.turn.searchAbandoned) stop = true;
     if (depth != shown) {
       shown = depth;
       outside.SetPieceLabel(ProgressText(level, shown));
@@ -60,7 +60,7 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
   if (failure) std::rethrow_exception(failure);
 
   SearchedMove searched;
-  searched.stopped = game.turn.quitRequested;
+  searched.stopped = game.turn.quitRequested || game.turn.searchAbandoned;
   searched.found = result.found;
   searched.move = result.best;
   // The fixed rule where it agrees, so that the move plays, and goes over

@@ -11,7 +11,7 @@ namespace varkesh {
 
 struct SearchedMove {
   bool found = false;    // false: the team on turn has no move
-  bool stopped = false;  // the program is quitting; no move is played
+  bool stopped = false;  // quitting, or the player gave the game another course: no move
   // Its option: kOptionComputer where the computer's fixed rule makes the
   // same choice, else the line (or kOptionClosed) the search chose.
   Move move;

@@ -6,10 +6,9 @@ namespace varkesh {
 
 namespace {
 
-// Only a game on one machine, at a human's turn or over: never while the
-// computer weighs a move against the position it started from.
+// At a human's turn or over: never while the computer weighs a move against
+// the position it started from.
 bool ModeAllows(const Game& game) {
-  if (game.net.netRole != kNetNone) return false;
   switch (game.turn.gameMode) {
     case ModeChoosePiece:
     case ModeChooseDestination:
@@ -20,6 +19,31 @@ bool ModeAllows(const Game& game) {
     default:
       return false;
   }
+}
+
+bool LocalModeAllows(const Game& game) {
+  return game.net.netRole == kNetNone && ModeAllows(game);
+}
+
+// The event a takeback returns to, with the team that played it.
+struct TakebackPoint {
+  int target = -1;
+  int team = kNoTeam;
+};
+
+TakebackPoint FindTakebackPoint(const Game& game) {
+  const Record& record = game.match.record;
+  Position position = record.start;
+  TakebackPoint point;
+  int played = 0;
+  for (const RecordEvent& event : record.events) {
+    const int mover = position.currentTeam;
+    if (!PlayEvent(position, event)) break;
+    if (TeamEntry(game.match.setup.playerKinds, mover, -1) == kHuman) point = {played, mover};
+    ++played;
+  }
+  // A record that stops fitting somewhere cannot be replayed past that point.
+  return played == static_cast<int>(record.events.size()) ? point : TakebackPoint{};
 }
 
 // The match at the given record, replayed from its start, and the turn of
@@ -35,39 +59,50 @@ void GoTo(Game& game, Outside& outside, Record record) {
   if (position.Finished()) game.turn.gameMode = ModeVictorySetUp;
 }
 
+Record RecordUpTo(const Record& record, int events) {
+  Record back = record;
+  back.events.resize(static_cast<std::size_t>(events));
+  return back;
+}
+
 }  // namespace
 
 int TakebackTarget(const Game& game) {
-  const Record& record = game.match.record;
-  Position position = record.start;
-  int target = -1;
-  int played = 0;
-  for (const RecordEvent& event : record.events) {
-    const int mover = position.currentTeam;
-    if (!PlayEvent(position, event)) break;
-    if (TeamEntry(game.match.setup.playerKinds, mover, -1) == kHuman) target = played;
-    ++played;
-  }
-  // A record that stops fitting somewhere cannot be replayed past that point.
-  return played == static_cast<int>(record.events.size()) ? target : -1;
+  return FindTakebackPoint(game).target;
 }
 
-bool CanTakeBack(const Game& game) {
-  return ModeAllows(game) && TakebackTarget(game) >= 0;
+int TakebackTeam(const Game& game) {
+  return FindTakebackPoint(game).team;
+}
+
+int TakebackTeamOf(const Game& game, int node) {
+  if (!ModeAllows(game)) return kNoTeam;
+  const int team = TakebackTeam(game);
+  return team != kNoTeam && TeamEntry(game.net.seatNode, team, -1) == node ? team : kNoTeam;
+}
+
+bool CanTakeBack(const Game& game, const NetLink* session) {
+  if (game.net.netRole != kNetNone) return session != nullptr && session->CanTakeBackHere(game);
+  return LocalModeAllows(game) && TakebackTarget(game) >= 0;
 }
 
 bool CanRedo(const Game& game, const TakebackState& state) {
-  return ModeAllows(game) && !state.redo.empty() && game.match.record == state.after;
+  return LocalModeAllows(game) && !state.redo.empty() && game.match.record == state.after;
 }
 
 bool TakeBack(Game& game, Outside& outside, TakebackState& state) {
-  if (!ModeAllows(game)) return false;
+  if (game.net.netRole != kNetNone) {
+    if (!CanTakeBack(game, outside.Link())) return false;
+    state.redo.clear();
+    outside.Link()->TakeBackHere(game);
+    return true;
+  }
+  if (!LocalModeAllows(game)) return false;
   const int target = TakebackTarget(game);
   if (target < 0) return false;
   if (!(game.match.record == state.after)) state.redo.clear();
   state.redo.push_back(game.match.record);
-  Record back = game.match.record;
-  back.events.resize(static_cast<std::size_t>(target));
+  Record back = RecordUpTo(game.match.record, target);
   state.after = back;
   GoTo(game, outside, std::move(back));
   return true;
@@ -79,6 +114,27 @@ bool Redo(Game& game, Outside& outside, TakebackState& state) {
   state.redo.pop_back();
   state.after = forward;
   GoTo(game, outside, std::move(forward));
+  return true;
+}
+
+bool TakeBackLastHumanMove(Game& game, Outside& outside) {
+  const int target = TakebackTarget(game);
+  if (target < 0) return false;
+  GoTo(game, outside, RecordUpTo(game.match.record, target));
+  return true;
+}
+
+bool KeepRecordThrough(Match& match, const Record& before) {
+  Position position = before.start;
+  int kept = position == match.position ? 0 : -1;
+  int played = 0;
+  for (const RecordEvent& event : before.events) {
+    if (!PlayEvent(position, event)) break;
+    ++played;
+    if (position == match.position) kept = played;
+  }
+  if (kept < 0) return false;
+  match.record = RecordUpTo(before, kept);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include "net/rejoin.h"
 #include "net/seats.h"
 #include "net/sending.h"
+#include "net/takeback_request.h"
 #include "net/text.h"
 
 namespace varkesh::net {
@@ -86,9 +87,10 @@ bool DispatchClient(NetNode& node, const std::string& message) {
   }
   if (verb == "GLGF" || verb == kSyncVerb || IsGameVerb(verb)) return QueueFrom(node, 0, message);
   if (verb == kHelloVerb) {
-    TakeHello(node, 0);
+    TakeHello(node, 0, FieldNumber(parts.payload));
     return true;
   }
+  if (verb == kTakebackRefusedVerb) return QueueFrom(node, 0, message);
   if (verb == "GCHT") {
     ShowReceivedChat(node, parts.payload);
   } else if (verb == "GMSG") {
@@ -170,7 +172,9 @@ bool DispatchHost(NetNode& node, int from, const std::string& message) {
     // Judged and relayed when its turn in the host's order comes.
     return QueueFrom(node, from, message);
   } else if (parts.verb == kHelloVerb) {
-    TakeHello(node, from);
+    TakeHello(node, from, FieldNumber(parts.payload));
+  } else if (parts.verb == kTakebackAskVerb) {
+    if (TakebackAskMayWait(node, from)) return QueueFrom(node, from, message);
   }
   return true;
 }

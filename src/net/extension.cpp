@@ -101,10 +101,16 @@ void SendHello(NetNode& node) {
   SendToHost(node, std::string(kHelloVerb) + "}" + std::to_string(kExtensionVersion));
 }
 
-void TakeHello(NetNode& node, int peer) {
+bool SpeaksVersion(const NetSession& session, int peer, int version) {
+  return SpeaksExtension(session, peer) &&
+         session.peers[static_cast<std::size_t>(peer)].extensionVersion >= version;
+}
+
+void TakeHello(NetNode& node, int peer, int version) {
   PeerGuard* guard = Peer(node.session, peer);
   if (guard == nullptr || guard->extended) return;
   guard->extended = true;
+  guard->extensionVersion = std::max(version, 1);
   if (node.game.net.netRole == kNetHosting)
     SendToNode(node, peer, std::string(kHelloVerb) + "}" + std::to_string(kExtensionVersion));
 }

@@ -22,18 +22,23 @@ inline constexpr std::string_view kChecksumVerb = "GXCK";
 // game events that the game stands for.
 inline constexpr std::string_view kSyncVerb = "GXSY";
 
-inline constexpr int kExtensionVersion = 1;
+inline constexpr int kExtensionVersion = 2;
+// The first version that answers a takeback request.
+inline constexpr int kTakebackVersion = 2;
 inline constexpr double kKeepAliveSeconds = 5.0;
 inline constexpr double kSilenceSeconds = 20.0;
 // A client is sent its game again at most this often.
 inline constexpr double kCatchUpInterval = 1.0;
 
 bool SpeaksExtension(const NetSession& session, int peer);
+// The peer announced at least this version.
+bool SpeaksVersion(const NetSession& session, int peer, int version);
 
 // Client: the hello, sent on learning the node number.
 void SendHello(NetNode& node);
-// A hello from peer (a client's node number on a host, 0 on a client).
-void TakeHello(NetNode& node, int peer);
+// A hello from peer (a client's node number on a host, 0 on a client), with
+// the version it speaks.
+void TakeHello(NetNode& node, int peer, int version);
 
 // A move or resignation was played out here: counted; a host keeps the
 // checksum, a client reports it to a host that speaks the extension.

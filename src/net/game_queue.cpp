@@ -6,12 +6,14 @@
 #include "flow/mode_steps.h"
 #include "flow/resign.h"
 #include "flow/save_load.h"
+#include "flow/takeback.h"
 #include "flow/turn.h"
 #include "net/authority.h"
 #include "net/extension.h"
 #include "net/move_message.h"
 #include "net/seats.h"
 #include "net/sending.h"
+#include "net/takeback_request.h"
 #include "net/text.h"
 
 namespace varkesh::net {
@@ -89,11 +91,14 @@ bool AcceptNetResign(NetNode& node, std::string_view payload) {
 }
 
 bool LoadSentGame(NetNode& node, std::string_view payload) {
+  const Record before = node.game.match.record;
   if (auto problem = LoadGameText(node.game, node.outside, std::string(payload))) {
     ReportNetError(node, "LoadGame", 4,
                    "The game sent by the host cannot be read: " + ShowableText(*problem));
     return true;
   }
+  // A game taken back, or sent again, is still the game played here.
+  KeepRecordThrough(node.game.match, before);
   ComputerSeatsToHost(node.game);
   UpdatePlayerNames(node);
   NoteLoadEvent(node);
@@ -118,6 +123,7 @@ bool ApplyGameMessage(NetNode& node, std::string_view message) {
   if (parts.verb == "GAMV") return AcceptNetMove(node, parts.payload);
   if (parts.verb == "GRES") return AcceptNetResign(node, parts.payload);
   if (parts.verb == "GCNC") return BreakDownNodeControl(node, parts.payload);
+  if (parts.verb == kTakebackRefusedVerb) return TakeTakebackRefusal(node, parts.payload);
   return false;
 }
 
@@ -153,6 +159,10 @@ void ProcessGameQ(NetNode& node) {
   const QueuedMessage entry = std::move(node.session.gameQueue.front());
   node.session.gameQueue.pop_front();
   const std::string& message = entry.text;
+  if (host && SplitMessage(message).verb == kTakebackAskVerb) {
+    AnswerTakebackAsk(node, entry.from, SplitMessage(message).payload);
+    return;
+  }
   if (host) {
     const std::string refusal = RefusalOf(node.game, entry.from, message);
     if (!refusal.empty()) {
@@ -213,6 +223,17 @@ void CatchUpClient(NetNode& node, int clientNode) {
   const bool toldAsPlayers =
       mode == ModeComputerMoves && game.turn.computerOption != kOptionComputer;
   SendToNode(node, clientNode, NumberMessage("GUGS", {toldAsPlayers ? ModeConfirmMove : mode}));
+}
+
+void SendGameToAll(NetNode& node, const std::string& notice) {
+  // Every machine gives the computer's seats to the host on taking a game,
+  // so that the checksums of the event agree.
+  ComputerSeatsToHost(node.game);
+  SendNotice(node, notice);
+  // A game for everyone is an event of its own.
+  AnnounceSentGame(node);
+  SendToAllNodes(node, "GLGF}" + GameImage(node.game), 0);
+  UpdatePlayerNames(node);
 }
 
 }  // namespace varkesh::net

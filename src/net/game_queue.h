@@ -18,5 +18,8 @@ bool AddToGameQ(NetSession& session, std::string message, int from = 0);
 void ProcessGameQ(NetNode& node);
 // Host: the seats, and in a running turn the game, the selection and the mode.
 void CatchUpClient(NetNode& node, int clientNode);
+// Host: the game as it now stands to every client, as a started or loaded
+// game goes: the notice in the chat, then the game.
+void SendGameToAll(NetNode& node, const std::string& notice);
 
 }  // namespace varkesh::net

@@ -45,6 +45,8 @@ class SessionLink final : public TransportEvents, public NetLink {
   void TellResignation(const Game& game, int concedeTeam) override;
   void TellGameStarted(Game& game, bool loaded) override;
   void OnGameEvent(const Game& game) override;
+  bool CanTakeBackHere(const Game& game) const override;
+  void TakeBackHere(Game& game) override;
 
  private:
   NetNode& node_;

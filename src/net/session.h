@@ -34,6 +34,8 @@ inline constexpr std::size_t kMaxQueuedMessages = 4096;
 // for each node, on a client element 0 for the host.
 struct PeerGuard {
   bool extended = false;  // it announced the extension verbs
+  // The version it announced with them.
+  int extensionVersion = 0;
   bool welcomed = false;  // host: its name came; a second one renames it
   double lastHeard = 0.0;
   // Host: where its connection comes from, and when it was accepted.
@@ -46,6 +48,8 @@ struct PeerGuard {
   // Host: its game is to be sent again once the last sending is old enough.
   bool catchUpDue = false;
   double lastCatchUp = -1.0e9;
+  // Host: a takeback it asked for waits in the queue; it may ask no other.
+  bool takebackAsked = false;
 };
 
 // A game message with the node it came from (0 on a client: the host).
@@ -107,6 +111,9 @@ struct NetSession {
   // none. The protocol gives that loss no kind of its own, so peers without
   // our verbs get the game once the move is done.
   int lostPawnMover = -1;
+  // Client: the count of game events when this player asked the host for a
+  // takeback that has not been answered; -1 for none.
+  int takebackAskedAt = -1;
   double lastKeepAlive = 0.0;
   double lastTick = 0.0;
   std::vector<DroppedSeats> droppedSeats;

@@ -5,11 +5,13 @@
 #include "net/departures.h"
 #include "net/dispatch.h"
 #include "net/extension.h"
+#include "net/game_queue.h"
 #include "net/move_message.h"
 #include "net/node_table.h"
 #include "net/rejoin.h"
 #include "net/seats.h"
 #include "net/sending.h"
+#include "net/takeback_request.h"
 #include "net/text.h"
 
 namespace varkesh::net {
@@ -214,16 +216,17 @@ void SessionLink::TellResignation(const Game&, int concedeTeam) {
 
 void SessionLink::TellGameStarted(Game& game, bool loaded) {
   if (game.net.netRole != kNetHosting) return;
-  // Every machine gives the computer's seats to the host on taking a game,
-  // so that the checksums of the event agree.
-  ComputerSeatsToHost(game);
-  SendNotice(node_, "*** " + game.net.localPlayerName + " (host) has " +
-                        (loaded ? "loaded a game: '" : "started a new game: '") +
-                        GameDescription(game.match.position, game.match.setup));
-  // A game for everyone is an event of its own.
-  AnnounceSentGame(node_);
-  SendToAllNodes(node_, "GLGF}" + GameImage(game), 0);
-  UpdatePlayerNames(node_);
+  SendGameToAll(node_, "*** " + game.net.localPlayerName + " (host) has " +
+                           (loaded ? "loaded a game: '" : "started a new game: '") +
+                           GameDescription(game.match.position, game.match.setup));
+}
+
+bool SessionLink::CanTakeBackHere(const Game&) const {
+  return SessionMayTakeBack(node_);
+}
+
+void SessionLink::TakeBackHere(Game&) {
+  TakeBackInSession(node_);
 }
 
 void SessionLink::OnGameEvent(const Game& game) {
@@ -314,6 +317,7 @@ void OpenAsClient(NetNode& node) {
   ResetNodeTables(session, "");
   session.gameQueue.clear();
   session.gameQueueSize = 10;
+  session.takebackAskedAt = -1;
   node.view.SetChatEnabled(false);
   node.transport.Connect(session.hostAddress, session.netPort);
   AddMessage(node, "Connecting as '" + game.net.localPlayerName + "' on IP=" + session.hostAddress +

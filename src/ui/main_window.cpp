@@ -99,16 +99,35 @@ QAction* MainWindow::AddEntry(QMenu* menu, const char* objectName, const char* t
 }
 
 QAction* MainWindow::AddCommand(QMenu* menu, const char* objectName, const char* text,
-                                const QKeySequence& key, std::function<void()> body) {
+                                const QKeySequence& key, std::function<void()> body,
+                                DuringSearch duringSearch) {
   QAction* action = AddEntry(menu, objectName, text, key);
   // Named as the error log names the handler: "mnuGameNew.Click".
   const std::string sub = std::string(objectName) + ".Click";
-  connect(action, &QAction::triggered, this, [this, sub, body = std::move(body)] {
+  auto run = [this, sub, body = std::move(body)] {
     ++commandDepth_;
     Guarded(*outside_, kModule, sub.c_str(), body);
     --commandDepth_;
+  };
+  connect(action, &QAction::triggered, this, [this, run, duringSearch] {
+    if (!HoldDuringSearch(duringSearch, run)) run();
   });
   return action;
+}
+
+bool MainWindow::HoldDuringSearch(DuringSearch policy, std::function<void()> command) {
+  if (policy == DuringSearch::Run || !game_.turn.searching) return false;
+  // The last command chosen is the one the player wants.
+  held_ = std::move(command);
+  if (policy == DuringSearch::StopIt) game_.turn.searchAbandoned = true;
+  return true;
+}
+
+void MainWindow::RunHeldCommand() {
+  if (!held_ || game_.turn.searching) return;
+  const std::function<void()> command = std::move(held_);
+  held_ = nullptr;
+  command();
 }
 
 QMenu* MainWindow::AddMenu(const char* objectName, const char* text, Menu id) {
@@ -157,11 +176,13 @@ void MainWindow::BuildMenus() {
 
 void MainWindow::BuildGameMenu() {
   QMenu* menu = AddMenu("mnuGame", "&Game", Menu::Game);
-  menus_[Menu::GameNew] = AddCommand(menu, "mnuGameNew", "&New Game", Qt::CTRL | Qt::Key_N,
-                                     [this] { NewGameCommand(game_, *outside_); });
+  menus_[Menu::GameNew] = AddCommand(
+      menu, "mnuGameNew", "&New Game", Qt::CTRL | Qt::Key_N,
+      [this] { NewGameCommand(game_, *outside_); }, DuringSearch::StopIt);
   menu->addSeparator()->setObjectName("mnuGameUL1");
-  menus_[Menu::GameLoad] = AddCommand(menu, "mnuGameLoad", "&Load Game", Qt::CTRL | Qt::Key_L,
-                                      [this] { LoadGameCommand(game_, *outside_); });
+  menus_[Menu::GameLoad] = AddCommand(
+      menu, "mnuGameLoad", "&Load Game", Qt::CTRL | Qt::Key_L,
+      [this] { LoadGameCommand(game_, *outside_); }, DuringSearch::StopIt);
   menus_[Menu::GameSave] = AddCommand(menu, "mnuGameSave", "&Save Game", Qt::CTRL | Qt::Key_S,
                                       [this] { SaveGameCommand(game_, *outside_); });
   menu->addSeparator()->setObjectName("mnuGameUL2");
@@ -172,10 +193,12 @@ void MainWindow::BuildGameMenu() {
 
 void MainWindow::BuildNetPlayMenu() {
   QMenu* menu = AddMenu("mnuNetPlay", "&NetPlay", Menu::NetPlay);
-  AddCommand(menu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H,
-             [this] { OpenNetPlay(kNetHostDialog); });
-  AddCommand(menu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C,
-             [this] { OpenNetPlay(kNetConnectDialog); });
+  AddCommand(
+      menu, "mnuNetPlayHost", "&Host", Qt::CTRL | Qt::Key_H,
+      [this] { OpenNetPlay(kNetHostDialog); }, DuringSearch::StopIt);
+  AddCommand(
+      menu, "mnuNetPlayConnect", "&Connect", Qt::CTRL | Qt::Key_C,
+      [this] { OpenNetPlay(kNetConnectDialog); }, DuringSearch::StopIt);
 }
 
 void MainWindow::OpenNetPlay(int role) {
@@ -330,8 +353,11 @@ void MainWindow::BuildHelpMenu() {
   AddCommand(menu, "mnuHelpGamesPub", "Find &Opponents", {},
              [this] { OpenHelpChapter(HelpChapters::kFindOpponents); });
   menu->addSeparator()->setObjectName("mnuHelpUL4");
+  // The title screen shows once the computer has moved.
   connect(AddEntry(menu, "mnuHelpAbout", "&About Varkesh", Qt::CTRL | Qt::Key_A),
-          &QAction::triggered, this, &MainWindow::ShowAbout);
+          &QAction::triggered, this, [this] {
+            if (!HoldDuringSearch(DuringSearch::AfterIt, [this] { ShowAbout(); })) ShowAbout();
+          });
 }
 
 void MainWindow::SetMenuEnabled(Menu menu, bool enabled) {

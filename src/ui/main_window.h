@@ -11,6 +11,7 @@
 #include "flow/game.h"
 #include "flow/outside.h"
 #include "ui/board_turn.h"
+#include "ui/during_search.h"
 #include "ui/qt_outside.h"
 
 class QAction;
@@ -78,6 +79,11 @@ class MainWindow : public QMainWindow {
   // loop does not advance inside an event.
   bool CommandRunning() const { return commandDepth_ > 0; }
 
+  // True when command was held back for a running search.
+  bool HoldDuringSearch(DuringSearch policy, std::function<void()> command);
+  // Runs the command held back, once no search runs.
+  void RunHeldCommand();
+
   MoveListView& moveList() { return *moveList_; }
   RecordCommands& recordCommands() { return *records_; }
   // Places the labels, the board view and the move list in the inner area.
@@ -108,7 +114,8 @@ class MainWindow : public QMainWindow {
   // An entry whose handler runs under the error handler, with the main loop
   // held while it runs.
   QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
-                      const QKeySequence& key, std::function<void()> body);
+                      const QKeySequence& key, std::function<void()> body,
+                      DuringSearch duringSearch = DuringSearch::Run);
   // The connect dialog for role 1 (host) or 3 (client), then the session.
   void OpenNetPlay(int role);
 
@@ -127,6 +134,7 @@ class MainWindow : public QMainWindow {
   std::map<int, QAction*> thinkingEntries_;
   int thinkingTimeMs_ = 0;
   int commandDepth_ = 0;
+  std::function<void()> held_;
   std::unique_ptr<NetPlaySession> netPlay_;
 };
 

@@ -64,6 +64,7 @@ void ProgramLoop::Tick() {
   if (!game.turn.quitRequested && !game.turn.paused && !window.CommandRunning()) {
     NetPlaySession* netPlay = window.netPlay();
     if (netPlay != nullptr && netPlay->IsOpen()) net::ServeGameQueue(netPlay->node());
+    window.RunHeldCommand();
     fit_.Update(program_);
     // While the move list shows an earlier position, the game waits.
     if (window.moveList().Browsing())

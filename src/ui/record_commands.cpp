@@ -44,14 +44,18 @@ RecordCommands::RecordCommands(Game& game, QtOutside& outside, MainWindow& windo
 }
 
 QAction* RecordCommands::AddCommand(QMenu* menu, const char* objectName, const char* text,
-                                    const QKeySequence& key, std::function<void()> body) {
+                                    const QKeySequence& key, std::function<void()> body,
+                                    DuringSearch duringSearch) {
   QAction* action = menu->addAction(text);
   action->setObjectName(objectName);
   if (!key.isEmpty()) action->setShortcut(key);
   const std::string sub = std::string(objectName) + ".Click";
-  connect(action, &QAction::triggered, this, [this, sub, body = std::move(body)] {
+  auto run = [this, sub, body = std::move(body)] {
     Guarded(outside_, kModule, sub.c_str(), body);
     Refresh();
+  };
+  connect(action, &QAction::triggered, this, [this, run, duringSearch] {
+    if (!window_.HoldDuringSearch(duringSearch, run)) run();
   });
   return action;
 }
@@ -67,8 +71,9 @@ void RecordCommands::AddGameEntries(QMenu* menu) {
   });
   menu->addSeparator()->setObjectName("mnuGameUL4");
   AddCommand(menu, "mnuGameExportRecord", "E&xport Record ...", {}, [this] { ExportRecord(); });
-  import_ =
-      AddCommand(menu, "mnuGameImportRecord", "&Import Record ...", {}, [this] { ImportRecord(); });
+  import_ = AddCommand(
+      menu, "mnuGameImportRecord", "&Import Record ...", {}, [this] { ImportRecord(); },
+      DuringSearch::StopIt);
   Refresh();
 }
 
@@ -97,7 +102,7 @@ void RecordCommands::ShowList(bool shown) {
 
 void RecordCommands::Refresh() {
   list_.Follow();
-  if (takeBack_) takeBack_->setEnabled(CanTakeBack(game_));
+  if (takeBack_) takeBack_->setEnabled(CanTakeBack(game_, outside_.Link()));
   if (redo_) redo_->setEnabled(CanRedo(game_, takeback_));
   // An imported game is this machine's alone: no session is told of it.
   if (import_) import_->setEnabled(game_.net.netRole == kNetNone);

@@ -8,6 +8,7 @@
 
 #include "flow/game.h"
 #include "flow/takeback.h"
+#include "ui/during_search.h"
 
 class QAction;
 class QMenu;
@@ -41,7 +42,8 @@ class RecordCommands : public QObject {
 
  private:
   QAction* AddCommand(QMenu* menu, const char* objectName, const char* text,
-                      const QKeySequence& key, std::function<void()> body);
+                      const QKeySequence& key, std::function<void()> body,
+                      DuringSearch duringSearch = DuringSearch::Run);
   void ExportRecord();
   void ImportRecord();
   void ShowList(bool shown);

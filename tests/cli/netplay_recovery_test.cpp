@@ -149,7 +149,7 @@ TEST_F(NetPlayRecoveryTest, AClientWhoseGameDriftedIsSentTheGameAgain) {
   // A peer of the extension that reports a checksum the host's game does not have.
   RawPeer liar(port_);
   ASSERT_EQ(liar.Join("Liar", true), 1);
-  EXPECT_EQ(liar.WaitFor("GXHI", 5.0), "GXHI}1");
+  EXPECT_EQ(liar.WaitFor("GXHI", 5.0), "GXHI}2");
   auto sync = liar.WaitFor("GXSY", 5.0);
   ASSERT_TRUE(sync);
   const int joined = std::atoi(FieldsOf(*sync).at(0).c_str());

@@ -5,6 +5,7 @@
 #include "flow/new_game.h"
 #include "flow/save_load.h"
 #include "flow_fixture.h"
+#include "persist/game_text.h"
 #include "support/first_move.h"
 
 namespace varkesh::testing {
@@ -105,6 +106,65 @@ TEST_F(TakebackTest, NotInASessionNorWhileTheComputerThinks) {
   EXPECT_FALSE(CanTakeBack(game));
   game.turn.gameMode = ModeChoosePiece;
   EXPECT_TRUE(CanTakeBack(game));
+}
+
+// A game sent over the network begins a record of its own, unless it stands
+// where the record of before passed: then that part is kept.
+TEST_F(TakebackTest, AGameSentAgainKeepsTheRecordThatLeadsToIt) {
+  StartAgainstComputers();
+  for (int round = 0; round < 3; ++round) PlayRound();
+  const Record played = game.match.record;
+  for (std::size_t turn = 0; turn < humanTurns.size(); ++turn) {
+    SCOPED_TRACE(turn);
+    const Match& then = humanTurns[turn];
+    Game sent;
+    ASSERT_FALSE(LoadGameText(sent, outside, WriteGameText(then.position, then.setup)));
+    EXPECT_TRUE(KeepRecordThrough(sent.match, played));
+    EXPECT_EQ(sent.match.record, then.record);
+  }
+
+  // A position the record never passed: the record begun at the load stays.
+  Game other;
+  Position moved = humanTurns[1].position;
+  moved.roundNumber += 7;
+  ASSERT_FALSE(LoadGameText(other, outside, WriteGameText(moved, humanTurns[1].setup)));
+  const Record begun = other.match.record;
+  EXPECT_FALSE(KeepRecordThrough(other.match, played));
+  EXPECT_EQ(other.match.record, begun);
+}
+
+// In a session a node may take back only the last human move, and only when
+// it holds that move's seat.
+TEST_F(TakebackTest, InASessionOnlyTheSeatThatMovedLastMayTakeBack) {
+  StartAgainstComputers();
+  PlayRound();
+  game.net.netRole = kNetClient;
+  game.net.myNodeId = 2;
+  struct Case {
+    PerTeam<int> seats;
+    int mode;
+    int node;
+    int team;
+  };
+  const Case cases[] = {
+      {{2, 0, 0, 0}, ModeChoosePiece, 2, kWhite},     {{2, 0, 0, 0}, ModeGameOver, 2, kWhite},
+      {{2, 0, 0, 0}, ModeChoosePiece, 0, kNoTeam},    {{1, 0, 0, 0}, ModeChoosePiece, 2, kNoTeam},
+      {{2, 0, 0, 0}, ModeComputerThinks, 2, kNoTeam}, {{2, 0, 0, 0}, ModeComputerMoves, 2, kNoTeam},
+  };
+  for (const Case& c : cases) {
+    game.net.seatNode = c.seats;
+    game.turn.gameMode = c.mode;
+    EXPECT_EQ(TakebackTeamOf(game, c.node), c.team) << "mode " << c.mode << " node " << c.node;
+  }
+  EXPECT_FALSE(CanTakeBack(game)) << "without a session's link";
+
+  // Black a human too, who moved after White: White's move is out of reach.
+  game.match.setup.playerKinds[kBlack - 1] = kHuman;
+  game.net.seatNode = {2, 0, 1, 0};
+  game.turn.gameMode = ModeChoosePiece;
+  EXPECT_EQ(TakebackTeam(game), kBlack);
+  EXPECT_EQ(TakebackTeamOf(game, 2), kNoTeam);
+  EXPECT_EQ(TakebackTeamOf(game, 1), kBlack);
 }
 
 }  // namespace

@@ -105,6 +105,17 @@ std::vector<std::string> Seeds() {
   SendTurns(rejoined, 2, 6);
   rejoined.Close(1, false).Send(0, "GCHT}Cid left").Close(0, true).Reopen(1).Tick(7);
   seeds.push_back(rejoined.Bytes());
+
+  // Both ask for takebacks: in step with the host, outrun, out of shape.
+  InputWriter asked;
+  asked.Send(0, "GXHI}2").Send(1, "GXHI}2").Send(0, "GMNI}Bob").Send(1, "GMNI}Cid");
+  SendTurns(asked, 3, 6);
+  HostTable counted;
+  counted.Play(asked.Bytes());
+  const std::string events = std::to_string(counted.host.session.gameEvents);
+  asked.Send(0, "GXTB}" + events).Send(1, "GXTB}" + events).Send(1, "GXTB}0");
+  asked.Send(0, "GXTB}" + events + "x").Tick(1);
+  seeds.push_back(asked.Bytes());
   return seeds;
 }
 

@@ -4,9 +4,12 @@
 // settings.
 #include <QAction>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
+#include <QTimer>
 
+#include "ui/record_commands.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
@@ -65,6 +68,46 @@ TEST(SeatLevels, TheDialogGivesThemToTheGameAndASavedGameKeepsThem) {
   run.window().findChild<QAction*>("mnuGameLoad")->trigger();
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
   EXPECT_EQ(run.game().match.setup.levels, chosen);
+}
+
+// A Master given ten seconds: the window answers while it thinks, and a
+// new game ends its search at once, with no move played.
+TEST(SeatLevels, TheWindowAnswersWhileTheMasterThinksAndANewGameStopsIt) {
+  RunningProgram run({}, false, true, {{"ThinkingTime", "10000"}});
+  ASSERT_TRUE(run.Started());
+  NewGame(run, [](QWidget& dialog) {
+    Box(dialog, "cmbPlayer0").setCurrentIndex(kAggressive);
+    Box(dialog, "cmbLevel0").setCurrentIndex(kLevelMaster - kLevelClassic);
+  });
+  bool movedFirst = true;
+  const auto answer = test::WhenModalOpens([&](QWidget& dialog) {
+    movedFirst = !run.game().match.record.events.empty();
+    Box(dialog, "cmbPlayer0").setCurrentIndex(kHuman);
+    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+  });
+  // The search holds the main loop's pass, so what the player does while it
+  // thinks comes from events served inside it, as a timer's are.
+  QWidget& window = run.window();
+  bool sawSearch = false;
+  QElapsedTimer clock;
+  QTimer player;
+  QObject::connect(&player, &QTimer::timeout, [&] {
+    if (sawSearch || !run.game().turn.searching) return;
+    sawSearch = true;
+    EXPECT_TRUE(window.findChild<QMenu*>("mnuOptions")->menuAction()->isEnabled());
+    EXPECT_FALSE(window.findChild<QMenu*>("mnuResign")->menuAction()->isEnabled());
+    window.findChild<QAction*>("mnuOptionsMoveList")->trigger();
+    EXPECT_FALSE(run.window().recordCommands().ListShown()) << "the options answer at once";
+    clock.start();
+    window.findChild<QAction*>("mnuGameNew")->trigger();
+  });
+  player.start(10);
+  ASSERT_TRUE(run.WaitFor([&] { return sawSearch && !answer->isActive(); }, 8000));
+  EXPECT_LT(clock.elapsed(), 2000) << "the search went on after the new game was asked for";
+  EXPECT_FALSE(movedFirst) << "the search ran to its end before the new game";
+  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_TRUE(run.game().match.record.events.empty());
+  EXPECT_FALSE(run.game().turn.searching);
 }
 
 TEST(ThinkingTime, TheOptionsMenuOffersItsTimesAndTheSettingsKeepTheChoice) {

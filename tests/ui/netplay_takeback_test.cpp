@@ -1,0 +1,111 @@
+// Take Back Move between two whole programs over a loopback port: the menu
+// entry follows whose move can be taken back, the host takes back its own
+// move by itself, and a client's request is answered in the host's box.
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTcpServer>
+
+#include "ui/chat_window.h"
+#include "ui/netplay_session.h"
+#include "ui_test_support.h"
+
+namespace varkesh {
+namespace {
+
+using test::RunningProgram;
+
+int FreePort() {
+  QTcpServer probe;
+  if (!probe.listen(QHostAddress::LocalHost, 0)) return 0;
+  return probe.serverPort();
+}
+
+void Open(RunningProgram& run, const char* entry, const QString& name, int port) {
+  const auto fill = test::WhenModalOpens([&](QWidget& dialog) {
+    QTest::keyClicks(dialog.findChild<QLineEdit*>("txtName"), name);
+    dialog.findChild<QLineEdit*>("txtPort")->setText(QString::number(port));
+    QTest::mouseClick(dialog.findChild<QPushButton*>("cmdConnect"), Qt::LeftButton);
+  });
+  run.window().findChild<QAction*>(entry)->trigger();
+}
+
+// The team on turn's first moveable piece to its first destination, by clicks.
+void PlayByClicks(RunningProgram& run) {
+  const BoardSquare from = run.game().view.moveablePieces[1];
+  run.ClickSquare(from.x, from.y);
+  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
+  const BoardSquare to = run.game().view.moveablePieces[1];
+  run.ClickSquare(to.x, to.y);
+  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
+  run.ClickSquare(to.x, to.y, Qt::RightButton);
+}
+
+QAction& TakeBackEntry(RunningProgram& run) {
+  return *run.window().findChild<QAction*>("mnuGameTakeBack");
+}
+
+TEST(NetPlayTakeback, TheHostTakesBackItsOwnMoveAndAnswersAClientsRequest) {
+  const int port = FreePort();
+  ASSERT_NE(port, 0);
+  RunningProgram host, bo;
+  ASSERT_TRUE(host.Started() && bo.Started());
+  ASSERT_TRUE(
+      host.WaitFor([&] { return host.game().turn.titleLoaded && bo.game().turn.titleLoaded; }));
+  Open(host, "mnuNetPlayHost", "Ada", port);
+  Open(bo, "mnuNetPlayConnect", "Bo", port);
+  ChatWindow& hostChat = host.window().netPlay()->window();
+  ASSERT_TRUE(
+      host.WaitFor([&] { return hostChat.findChild<QListWidget*>("lstNodes")->count() == 2; }));
+  {
+    const auto start = test::WhenModalOpens([](QWidget& dialog) {
+      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+    });
+    host.ClickSquare(8, 8);
+    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
+  }
+  ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
+  hostChat.findChild<QListWidget*>("lstNodes")->setCurrentRow(1);
+  QTest::mouseClick(hostChat.findChild<QAbstractButton*>("cmdAssign0"), Qt::LeftButton);
+  ASSERT_TRUE(bo.WaitFor([&] { return bo.game().net.seatNode[0] == 1; }));
+
+  // Bo plays White, Ada Blue: the entry is each one's only after its own move.
+  const Match whitesTurn = host.game().match;
+  ASSERT_NO_FATAL_FAILURE(PlayByClicks(bo));
+  ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
+  EXPECT_TRUE(bo.WaitFor([&] { return TakeBackEntry(bo).isEnabled(); }));
+  EXPECT_FALSE(TakeBackEntry(host).isEnabled());
+  const Match bluesTurn = host.game().match;
+  ASSERT_NO_FATAL_FAILURE(PlayByClicks(host));
+  ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kBlack));
+  EXPECT_TRUE(host.WaitFor([&] { return TakeBackEntry(host).isEnabled(); }));
+  EXPECT_TRUE(bo.WaitFor([&] { return !TakeBackEntry(bo).isEnabled(); }));
+
+  // The host's own move goes back without a question.
+  TakeBackEntry(host).trigger();
+  EXPECT_EQ(host.game().match.position, bluesTurn.position);
+  ASSERT_TRUE(bo.WaitFor([&] { return bo.game().match.position == bluesTurn.position; }));
+  EXPECT_EQ(bo.game().match.record, bluesTurn.record);
+
+  // Bo's move goes back once Ada allows it.
+  QString asked;
+  const auto allow = test::WhenModalOpens([&asked](QWidget& box) {
+    asked = box.windowTitle() + "|" + static_cast<QMessageBox&>(box).text();
+    QTest::mouseClick(static_cast<QMessageBox&>(box).button(QMessageBox::Yes), Qt::LeftButton);
+  });
+  ASSERT_TRUE(bo.WaitFor([&] { return TakeBackEntry(bo).isEnabled(); }));
+  TakeBackEntry(bo).trigger();
+  ASSERT_TRUE(host.WaitFor([&] { return host.game().match.position == whitesTurn.position; }));
+  EXPECT_EQ(asked, "Take Back Move?|Bo asks to take back White's last move. Allow it?");
+  ASSERT_TRUE(bo.WaitFor([&] { return bo.game().match.position == whitesTurn.position; }));
+  EXPECT_EQ(bo.game().match.record, whitesTurn.record);
+  EXPECT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_FALSE(bo.window().findChild<QAction*>("mnuGameRedo")->isEnabled());
+  host.game().turn.gameSaved = true;
+  bo.game().turn.gameSaved = true;
+}
+
+}  // namespace
+}  // namespace varkesh
