@@ -99,6 +99,10 @@ class MainWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // The error log's name for this window's handlers.
+  static constexpr const char* kModule = "frmMain";
+  static constexpr const char* kHelpPage = "help/help.htm";
+
   void PlaceOnScreen();
   void BuildMenus();
   void BuildGameMenu();
