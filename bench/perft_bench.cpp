@@ -23,11 +23,7 @@ constexpr const char* kMidgameRecords =
     "WN,9,15,WK,8,16";
 
 Position StartPosition() {
-  Position position;
-  position.gameType = kAnarchy;
-  position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  position.Refresh();
-  return position;
+  return varkesh::StartPosition(LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt"), kAnarchy);
 }
 
 Position CrowdedMidgame() {

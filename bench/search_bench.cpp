@@ -11,11 +11,7 @@ namespace varkesh {
 namespace {
 
 Position StartPosition(int gameType) {
-  Position position;
-  position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  position.gameType = gameType;
-  position.Refresh();
-  return position;
+  return varkesh::StartPosition(LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt"), gameType);
 }
 
 // Four rounds of the Club against itself: pieces out, nothing settled.

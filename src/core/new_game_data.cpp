@@ -200,4 +200,13 @@ Board LoadNewGameDataFile(const std::string& path) {
   return LoadNewGameData(file);
 }
 
+Position StartPosition(const Board& board, int gameType, int kingCaptureRule) {
+  Position start;
+  start.board = board;
+  start.gameType = gameType;
+  start.kingCaptureRule = kingCaptureRule;
+  start.Refresh();
+  return start;
+}
+
 }  // namespace varkesh

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/geometry.h"
+#include "core/position.h"
 
 namespace varkesh {
 
@@ -17,5 +18,8 @@ void LayOutTerrain(Board& board);
 Board LoadNewGameData(std::istream& records);
 // The same from a file; a file that cannot be opened throws as well.
 Board LoadNewGameDataFile(const std::string& path);
+
+// A game at its start on that board: round 1, White on turn.
+Position StartPosition(const Board& board, int gameType, int kingCaptureRule = kKingdomGained);
 
 }  // namespace varkesh

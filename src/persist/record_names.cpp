@@ -15,15 +15,6 @@ std::string ResultText(const Position& position) {
   return text;
 }
 
-Position StandardPosition(const Board& board, int gameType, int rule) {
-  Position start;
-  start.board = board;
-  start.gameType = gameType;
-  start.kingCaptureRule = rule;
-  start.Refresh();
-  return start;
-}
-
 bool IsCapture(MoveOutcome outcome) {
   return outcome == MoveOutcome::KingTaken || outcome == MoveOutcome::PawnTaken ||
          outcome == MoveOutcome::PieceTaken;

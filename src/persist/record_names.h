@@ -35,7 +35,6 @@ int IndexIn(const std::array<const char*, N>& names, std::string_view name) {
 
 int TeamOfName(std::string_view name);
 std::string ResultText(const Position& position);
-Position StandardPosition(const Board& board, int gameType, int rule);
 bool IsCapture(MoveOutcome outcome);
 
 }  // namespace varkesh::record_text

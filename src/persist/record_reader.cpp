@@ -2,6 +2,7 @@
 #include <map>
 #include <vector>
 
+#include "core/new_game_data.h"
 #include "core/resign.h"
 #include "core/rules.h"
 #include "persist/position_string.h"
@@ -216,7 +217,7 @@ std::optional<RecordProblem> ReadRecordText(std::string_view text, const Board* 
   if (startText == kStandardStart) {
     if (!standardStart)
       return RecordProblem{startLine, "the standard start is not at hand (no pack)"};
-    start = StandardPosition(*standardStart, start.gameType, start.kingCaptureRule);
+    start = StartPosition(*standardStart, start.gameType, start.kingCaptureRule);
   } else if (auto problem = ReadPositionString(startText, start)) {
     return RecordProblem{startLine, *problem};
   }

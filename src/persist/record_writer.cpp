@@ -1,5 +1,6 @@
 #include <ctime>
 
+#include "core/new_game_data.h"
 #include "core/resign.h"
 #include "core/rules.h"
 #include "persist/position_string.h"
@@ -80,7 +81,7 @@ std::optional<std::string> WriteRecordText(const GameRecord& game, const Board* 
   const Position& start = record.start;
   std::string startText = kStandardStart;
   if (!standardStart ||
-      !(StandardPosition(*standardStart, start.gameType, start.kingCaptureRule) == start)) {
+      !(StartPosition(*standardStart, start.gameType, start.kingCaptureRule) == start)) {
     std::optional<std::string> line = WritePositionString(start);
     if (!line) return std::nullopt;
     startText = *line;

@@ -16,11 +16,7 @@ namespace varkesh {
 namespace {
 
 Position StartPosition(int gameType) {
-  Position position;
-  position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  position.gameType = gameType;
-  position.Refresh();
-  return position;
+  return varkesh::StartPosition(LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt"), gameType);
 }
 
 search::SearchResult Think(const Position& position, int level, search::SearchLimits limits,

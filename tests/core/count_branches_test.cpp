@@ -22,9 +22,7 @@ bool HasFrozenPiece(const Position& position) {
 }
 
 TEST(CountBranches, MatchesTheListAlongRandomGames) {
-  Position start;
-  start.board = LoadNewGameDataFile(std::string(VARKESH_PACK_DIR) + "/newgamedata.txt");
-  start.Refresh();
+  const Board board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
   constexpr int kGamesEach = 4;
   constexpr int kLongestGame = 800;
   int optionLines = 0;
@@ -33,9 +31,7 @@ TEST(CountBranches, MatchesTheListAlongRandomGames) {
   for (int gameType = kAlliedNeighbors; gameType <= kAnarchy; ++gameType) {
     for (int rule = kKingdomGained; rule <= kKingdomFrozen; ++rule) {
       for (int game = 1; game <= kGamesEach; ++game) {
-        Position position = start;
-        position.gameType = gameType;
-        position.kingCaptureRule = rule;
+        Position position = StartPosition(board, gameType, rule);
         Random random(static_cast<std::uint64_t>(gameType * 100 + rule * 10 + game));
         for (int ply = 0; ply < kLongestGame && !position.Finished(); ++ply) {
           ListBranches(position, branches);

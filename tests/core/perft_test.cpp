@@ -91,9 +91,7 @@ TEST(Perft, HandMadePositions) {
 }
 
 TEST(Perft, StartPositionUnderEveryGameTypeAndRule) {
-  Position start;
-  start.board = LoadNewGameDataFile(std::string(VARKESH_PACK_DIR) + "/newgamedata.txt");
-  start.Refresh();
+  const Board board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
   // The teams meet in the fifth ply, where only allies let a Bishop's
   // capture on a neighbour's moat pass; no King can fall that early, so the
   // rule changes nothing yet.
@@ -101,11 +99,9 @@ TEST(Perft, StartPositionUnderEveryGameTypeAndRule) {
   const Counts others = {17, 288, 4879, 82367, 1798860};
   for (int gameType = kAlliedNeighbors; gameType <= kAnarchy; ++gameType) {
     for (int rule = kKingdomGained; rule <= kKingdomFrozen; ++rule) {
-      Position position = start;
-      position.gameType = gameType;
-      position.kingCaptureRule = rule;
       ExpectCounts("start, type " + std::to_string(gameType) + " rule " + std::to_string(rule),
-                   position, gameType == kAlliedNeighbors ? alliedNeighbors : others, 3);
+                   StartPosition(board, gameType, rule),
+                   gameType == kAlliedNeighbors ? alliedNeighbors : others, 3);
     }
   }
 }
