@@ -63,15 +63,8 @@ void PreviewMove(Game& game, Outside& outside, GameView& view) {
   }
 }
 
-// Every machine of a session carries a computer move out with the
-// computer's fixed rule for a pawn in a keep. A move whose option that rule
-// would not take goes out as a player's move instead, which any peer plays
-// exactly: the piece and the destination now, the move message with its
-// option when it is played.
-bool ToldAsPlayersMove(const Game& game) {
-  return game.turn.computerOption != kOptionComputer;
-}
-
+// The piece and the destination chosen as a player chooses them; the move
+// message with its option follows when the move is played.
 void TellChoiceAsPlayers(Game& game, NetLink& link) {
   TurnState& turn = game.turn;
   const int toX = turn.moveToX, toY = turn.moveToY, mode = turn.gameMode;
@@ -134,7 +127,7 @@ void StepComputerThinks(Game& game, Outside& outside, GameView& view) {
   ShowPiece(game, outside, turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY);
   game.turn.gameMode = ModeComputerMoves;
   NetLink* link = outside.Link();
-  if (link != nullptr && ToldAsPlayersMove(game))
+  if (link != nullptr && game.turn.ComputerMoveToldAsPlayers())
     TellChoiceAsPlayers(game, *link);
   else
     Mirror(game, outside);
@@ -145,7 +138,7 @@ void StepComputerMoves(Game& game, Outside& outside, GameView& view) {
   // What the move message tells is read before the move changes the board.
   NetLink* link = ChoosesComputerMoves(game) ? outside.Link() : nullptr;
   std::optional<MoveEffects> toTell;
-  if (link != nullptr && ToldAsPlayersMove(game)) {
+  if (link != nullptr && game.turn.ComputerMoveToldAsPlayers()) {
     const TurnState& turn = game.turn;
     Position after = game.match.position;
     toTell = ApplyMove(after, Move::Of(turn.moveFromX, turn.moveFromY, turn.moveToX, turn.moveToY,

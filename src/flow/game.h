@@ -51,6 +51,11 @@ struct TurnState {
   // The pawn option of the computer's chosen move: its fixed rule, or the
   // line a searching level chose.
   int computerOption = kOptionComputer;
+  // Every machine of a session carries a computer move out with the
+  // computer's fixed rule for a pawn in a keep. A move whose option that
+  // rule would not take goes out as a player's move instead, which any peer
+  // plays exactly.
+  bool ComputerMoveToldAsPlayers() const { return computerOption != kOptionComputer; }
   double turnClock = 0.0;
   double turnElapsed = 0.0;
   bool paused = false;

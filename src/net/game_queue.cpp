@@ -220,8 +220,7 @@ void CatchUpClient(NetNode& node, int clientNode) {
                                     game.turn.moveToY}));
   // A computer move that goes out as a player's shows as a chosen
   // destination until its move message comes.
-  const bool toldAsPlayers =
-      mode == ModeComputerMoves && game.turn.computerOption != kOptionComputer;
+  const bool toldAsPlayers = mode == ModeComputerMoves && game.turn.ComputerMoveToldAsPlayers();
   SendToNode(node, clientNode, NumberMessage("GUGS", {toldAsPlayers ? ModeConfirmMove : mode}));
 }
 
