@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,6 +22,7 @@
 #include "flow/new_game.h"
 #include "flow/thinking_outside.h"
 #include "load_for_play.h"
+#include "record_file.h"
 #include "search_options.h"
 
 namespace varkesh::cli {
@@ -29,13 +31,15 @@ namespace {
 
 constexpr const char* kUsage =
     "match --levels A,B --games N [--type T] [--rule R] [--movetime MS | --nodes N] [--seed S]\n"
+    "      [--records DIR]\n"
     "  Plays N games of level A against level B (classic, club, expert, master or 1 to 4),\n"
     "  every seat Balanced. In game types 1 and 2 (1 by default) A holds one alliance and B\n"
     "  the other; in type 3 A holds one seat and B the three others. Seats rotate from game\n"
     "  to game, and the games of one rotation open with the same random first round (seed S,\n"
     "  1 by default). The limits are the Master's (1 second a move by default); lower levels\n"
     "  take their share. A game still running after 300 rounds is a draw (in type 3 a fair\n"
-    "  share for A if it still stands). Two games run at once.";
+    "  share for A if it still stands). Two games run at once. With --records, game G's record\n"
+    "  goes to DIR/game-G.vrec.";
 
 constexpr int kMaxRounds = 300;
 constexpr int kOpeningPlies = 4;
@@ -49,6 +53,7 @@ struct Settings {
   int rule = kKingdomGained;
   search::SearchLimits limits;
   int seed = 1;
+  std::string recordsDir;  // empty: no records written
 };
 
 struct GameResult {
@@ -58,7 +63,8 @@ struct GameResult {
 
 Settings ParseSettings(const Args& args) {
   const Options options = ParseOptions(
-      args, {"levels", "games", "type", "rule", "movetime", "nodes", "seed"}, {}, kUsage);
+      args, {"levels", "games", "type", "rule", "movetime", "nodes", "seed", "records"}, {},
+      kUsage);
   if (!options.positional.empty() || !options.Has("levels") || !options.Has("games")) Usage(kUsage);
   if (options.Has("movetime") && options.Has("nodes")) Usage(kUsage);
   Settings settings;
@@ -72,6 +78,8 @@ Settings ParseSettings(const Args& args) {
   settings.rule = ParseBetween(options.Value("rule", "1"), kKingdomGained, kKingdomFrozen, kUsage);
   settings.limits = ParseLimits(options, kUsage);
   if (options.Has("seed")) settings.seed = ParseInt(options.Value("seed"), kUsage);
+  settings.recordsDir = options.Value("records");
+  if (options.Has("records") && !std::filesystem::is_directory(settings.recordsDir)) Usage(kUsage);
   return settings;
 }
 
@@ -93,15 +101,15 @@ int OpeningSeed(const Settings& settings, int g) {
 }
 
 // The first round drawn at random, the same for the games of one rotation.
-void PlayOpening(Position& position, int seed) {
+void PlayOpening(Match& game, int seed) {
   Random draw(static_cast<std::uint64_t>(seed));
   MoveList moves;
-  for (int ply = 0; ply < kOpeningPlies && !position.Finished(); ++ply) {
-    ListMoves(position, moves);
+  for (int ply = 0; ply < kOpeningPlies && !game.position.Finished(); ++ply) {
+    ListMoves(game.position, moves);
     if (moves.Empty()) return;
     Move move = moves[draw.Below(moves.Count())];
     move.option = kOptionComputer;
-    ApplyMove(position, move);
+    PlayMove(game, move);
   }
 }
 
@@ -143,14 +151,18 @@ std::string TeamList(unsigned teams) {
 GameResult PlayGame(const Settings& settings, const Position& start, const Setup& setup, int g) {
   const auto began = std::chrono::steady_clock::now();
   const unsigned teamsOfA = TeamsOfA(settings, g);
-  Position position = start;
-  PlayOpening(position, OpeningSeed(settings, g));
+  Match game{setup, start, {}};
+  game.BeginRecord();
+  const Position& position = game.position;
+  PlayOpening(game, OpeningSeed(settings, g));
   Random random(static_cast<std::uint64_t>(settings.seed) * 7919u + static_cast<unsigned>(g));
   // One player a seat, so that each keeps its own table.
   std::vector<std::unique_ptr<Player>> players;
-  for (int team = kWhite; team <= kRed; ++team)
-    players.push_back(std::make_unique<Player>(
-        teamsOfA >> team & 1u ? settings.levelA : settings.levelB, settings));
+  for (int team = kWhite; team <= kRed; ++team) {
+    const int level = teamsOfA >> team & 1u ? settings.levelA : settings.levelB;
+    game.setup.levels[static_cast<std::size_t>(team - 1)] = level;
+    players.push_back(std::make_unique<Player>(level, settings));
+  }
   int moves = 0;
   while (!position.Finished() && position.roundNumber <= kMaxRounds) {
     Move move;
@@ -160,13 +172,15 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
       const std::vector<int> offers = ConcedeOffers(position);
       const int concede =
           position.kingCaptureRule == kKingdomGained && !offers.empty() ? offers.front() : kNoTeam;
-      if (!Resign(position, concede).done) break;
+      if (!PlayResign(game, concede).done) break;
       continue;
     }
     if (!IsLegal(position, move)) break;
-    ApplyMove(position, move);
+    PlayMove(game, move);
     ++moves;
   }
+  if (!settings.recordsDir.empty())
+    WriteRecordFile(game, settings.recordsDir + "/game-" + std::to_string(g + 1) + ".vrec");
 
   GameResult result;
   const bool won = position.Finished();

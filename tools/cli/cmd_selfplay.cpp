@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "cli.h"
@@ -94,17 +93,6 @@ bool ComputerOnTurn(const Game& game) {
   return game.turn.gameMode == ModeComputerThinks || game.turn.gameMode == ModeComputerMoves;
 }
 
-void WriteRecord(const Game& game, const std::string& path) {
-  GameRecord record;
-  record.setup = game.match.setup;
-  record.date = RecordDateToday();
-  record.record = game.match.record;
-  const std::optional<Board> standard = StandardStartBoard();
-  const std::string text = RecordText(record, standard ? &*standard : nullptr, path);
-  std::ofstream file(path, std::ios::binary);
-  if (!(file << text)) BadInput("varkesh-cli: cannot write " + path);
-}
-
 Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t seed,
                 int maxRounds, const std::string& recordPath) {
   const auto start = std::chrono::steady_clock::now();
@@ -119,7 +107,7 @@ Result PlayGame(ToolOutside& outside, const NewGameChoice& choice, std::uint64_t
     RunPass(game, outside, headless);
   }
   FailOnReportedFault(outside);
-  if (!recordPath.empty()) WriteRecord(game, recordPath);
+  if (!recordPath.empty()) WriteRecordFile(game.match, recordPath);
   result.won = game.turn.gameMode == ModeVictorySetUp;
   result.winner = result.won ? game.match.position.winner : kNoTeam;
   result.coWinner = result.won ? game.match.position.coWinner : kNoTeam;

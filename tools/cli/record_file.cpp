@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <ctime>
+#include <fstream>
 #include <stdexcept>
 
 #include "cli.h"
@@ -68,6 +69,17 @@ std::string RecordText(const GameRecord& game, const Board* standardStart,
   if (!text)
     BadInput("varkesh-cli: " + what + ": its start position strays from the board's layout");
   return *text;
+}
+
+void WriteRecordFile(const Match& match, const std::string& path) {
+  GameRecord record;
+  record.setup = match.setup;
+  record.date = RecordDateToday();
+  record.record = match.record;
+  const std::optional<Board> standard = StandardStartBoard();
+  const std::string text = RecordText(record, standard ? &*standard : nullptr, path);
+  std::ofstream file(path, std::ios::binary);
+  if (!(file << text)) BadInput("varkesh-cli: cannot write " + path);
 }
 
 }  // namespace varkesh::cli

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "core/match.h"
 #include "persist/record_text.h"
 
 namespace varkesh::cli {
@@ -18,5 +19,9 @@ GameRecord ReadRecordFile(const std::string& path, const Board* standardStart);
 
 // The text of a record; a start that a record cannot hold is a bad input.
 std::string RecordText(const GameRecord& game, const Board* standardStart, const std::string& what);
+
+// Writes the record of a game played here, dated today; a file that cannot
+// be written is a bad input.
+void WriteRecordFile(const Match& match, const std::string& path);
 
 }  // namespace varkesh::cli
