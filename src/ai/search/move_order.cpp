@@ -1,6 +1,7 @@
 #include "ai/search/move_order.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "ai/search/evaluation.h"
 
@@ -8,7 +9,8 @@ namespace varkesh::search {
 
 namespace {
 
-constexpr int kHistoryCap = 1 << 24;
+constexpr int kHistoryCap = 1 << 14;
+constexpr int kHistoryBonusCap = 2000;
 
 bool TakesPiece(const Position& position, const Move& move) {
   const Square& from = position.board.at(move.fromX, move.fromY);
@@ -35,8 +37,16 @@ int TacticalOrder(const Position& position, const Move& move, int personality) {
 }
 
 void MoveHistory::Reward(const Move& move, int depth) {
+  Update(move, std::min(16 * depth * depth, kHistoryBonusCap));
+}
+
+void MoveHistory::Punish(const Move& move, int depth) {
+  Update(move, -std::min(16 * depth * depth, kHistoryBonusCap));
+}
+
+void MoveHistory::Update(const Move& move, int bonus) {
   int& score = scores_[Slot(move)];
-  score = std::min(score + depth * depth, kHistoryCap);
+  score += bonus - score * std::abs(bonus) / kHistoryCap;
 }
 
 void MoveHistory::Clear() {

@@ -29,7 +29,10 @@ class MoveHistory {
  public:
   MoveHistory() : scores_(static_cast<std::size_t>(kSquareCount) * kSquareCount, 0) {}
   int Score(const Move& move) const { return scores_[Slot(move)]; }
+  // A quiet move that cut off gains, the quiet moves tried before it lose;
+  // scores stay within a fixed bound, and older lessons fade as new ones come.
   void Reward(const Move& move, int depth);
+  void Punish(const Move& move, int depth);
   void Clear();
 
  private:
@@ -37,6 +40,7 @@ class MoveHistory {
     return static_cast<std::size_t>(Board::Index(move.fromX, move.fromY)) * kSquareCount +
            static_cast<std::size_t>(Board::Index(move.toX, move.toY));
   }
+  void Update(const Move& move, int bonus);
   std::vector<int> scores_;
 };
 

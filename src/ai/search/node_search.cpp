@@ -15,6 +15,9 @@ namespace {
 constexpr int kQuiescencePlies = 5;
 constexpr std::uint64_t kClockEvery = 255;
 constexpr int kFutilityMargin = 150;
+constexpr int kStaticCutDepth = 3;
+constexpr int kLateMoveDepth = 3;
+constexpr int kQuietsKept = 64;
 // What a root move that takes back the team's own last move is charged.
 constexpr int kReversalCost = 30;
 constexpr double kReductionBase = 0.75;
@@ -69,6 +72,7 @@ bool NodeSearch::FirstGuess(Move& move) {
 }
 
 void NodeSearch::SearchRoot(int depth) {
+  if (rootHasBest_) previousBest_ = rootBest_;
   rootHasBest_ = false;
   afterAlly_ = false;
   Search(depth, 0, -kInfinity, kInfinity, true, false);
@@ -183,7 +187,6 @@ bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
 // the pass would only hand the move to the same side.
 bool NodeSearch::TryNullMove(int depth, int ply, int beta, int& score) {
   const int mySide = SideToMove();
-  if (StaticEval() < beta) return false;
   const int savedTeam = pos_.currentTeam, savedRound = pos_.roundNumber;
   PassTurn(pos_);
   for (int passes = 1; passes < kTeamCount && SideToMove() == mySide; ++passes) PassTurn(pos_);
@@ -220,13 +223,23 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
          (entry->bound == Bound::Upper && stored <= alpha)))
       return stored;
   }
+  // The root tries the last depth's best first, whatever the table kept.
+  if (ply == 0 && !(previousBest_ == Move{})) tableMove = previousBest_;
 
   const int mySide = SideToMove();
   // A King in reach of a hostile piece: no passing, no pruning by the score.
   const bool threatened = SideKingAttacked(mySide);
-  if (!pv && allowNull && !threatened && settings_.nullMove && depth >= 3 && !Pooled() &&
-      TryNullMove(depth, ply, beta, score))
+  const bool prunable = !pv && !threatened;
+  const int staticEval = prunable ? StaticEval() : 0;
+  // Far enough above beta near the horizon, no reply will bring it down.
+  if (prunable && depth <= kStaticCutDepth && beta > -kWinBound && beta < kWinBound &&
+      staticEval - kFutilityMargin * depth >= beta)
+    return staticEval;
+  if (prunable && allowNull && settings_.nullMove && depth >= 3 && !Pooled() &&
+      staticEval >= beta && TryNullMove(depth, ply, beta, score))
     return score;
+  // With no move from the table the order is a guess: a shallower look first.
+  if (depth >= 4 && tableMove == Move{}) --depth;
 
   Frame& frame = frames_[static_cast<std::size_t>(ply)];
   Generate(frame, false);
@@ -239,14 +252,18 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
   Move bestMove;
   Killers& killers = killers_[static_cast<std::size_t>(ply)];
   // Near the horizon a quiet move cannot lift a score this far below alpha.
-  const bool futile = !pv && !threatened && depth <= 2 && alpha > -kWinBound &&
-                      StaticEval() + kFutilityMargin * depth <= alpha;
+  const bool futile =
+      prunable && depth <= 2 && alpha > -kWinBound && staticEval + kFutilityMargin * depth <= alpha;
+  // Near the horizon the late quiet moves of a well-ordered list rarely matter.
+  const int lateMoves = prunable && depth <= kLateMoveDepth ? 5 + 2 * depth * depth : kMaxMoves;
+  std::array<Move, kQuietsKept> quiets;
+  int quietCount = 0;
   for (int i = 0; i < frame.moves.Count(); ++i) {
     PickNext(frame, i);
     const Move move = frame.moves[i];
     const bool quiet = !IsTactical(pos_, move);
     const bool reducible = quiet && frame.order[static_cast<std::size_t>(i)] < kOrderKiller;
-    if (futile && reducible && i > 0) continue;
+    if (reducible && i > 0 && (futile || i >= lateMoves)) continue;
     // A root move that takes back the team's own last move is charged, so
     // that a side with nothing better to do tries something new.
     const int cost = ply == 0 ? ReversalCost(move, frame.movers[static_cast<std::size_t>(i)]) : 0;
@@ -264,6 +281,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
     }
     value -= cost;
     Unplay(frame, i);
+    if (quiet && quietCount < kQuietsKept && value < beta)
+      quiets[static_cast<std::size_t>(quietCount++)] = move;
     if (value <= best) continue;
     best = value;
     bestMove = move;
@@ -279,6 +298,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
       if (quiet) {
         killers.Add(move);
         history_.Reward(move, depth);
+        for (int k = 0; k < quietCount; ++k)
+          history_.Punish(quiets[static_cast<std::size_t>(k)], depth);
       }
       break;
     }

@@ -95,6 +95,7 @@ class NodeSearch {
   bool afterAlly_ = false;
   bool rootHasBest_ = false;
   Move rootBest_;
+  Move previousBest_;
   int rootScore_ = 0;
 };
 

@@ -8,9 +8,10 @@ namespace varkesh::search {
 
 namespace {
 
-// A deeper search that would not finish in the time left is not begun: each
-// depth takes about this many times the time of all before it.
-constexpr double kNextDepthFactor = 2.0;
+// A deeper search is begun only while less than this share of the time has
+// gone. One cut short still counts: its first move is the last depth's best,
+// and any move that beat it was searched in full.
+constexpr double kDeeperWhileUsed = 0.6;
 
 SearchResult Deepen(NodeSearch& tree, const SearchSettings& settings, const InfoCallback& onInfo) {
   SearchResult result;
@@ -43,7 +44,7 @@ SearchResult Deepen(NodeSearch& tree, const SearchSettings& settings, const Info
       onInfo(info);
     }
     if (result.score > kWinBound || result.score < -kWinBound) break;
-    if (limits.movetimeMs > 0 && tree.Seconds() * 1000.0 * kNextDepthFactor > limits.movetimeMs)
+    if (limits.movetimeMs > 0 && tree.Seconds() * 1000.0 > kDeeperWhileUsed * limits.movetimeMs)
       break;
   }
   result.nodes = tree.Nodes();
