@@ -179,17 +179,12 @@ TEST(TurnedBoard, AGameFromTheKeyboardIsTheGameOfTheMouse) {
     for (int i = 0; i < kMoveCount; ++i) {
       const BoardSquare from = view.moveablePieces[1 + (3 * i) % view.moveablePieces.Count()];
       ASSERT_EQ(run.game().view.bottomTeam, kWhite) << "unturned by default at home";
-      run.ClickSquare(from.x, from.y);
-      ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-      const BoardSquare to = view.moveablePieces[1];
-      run.ClickSquare(to.x, to.y);
-      ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-      run.ClickSquare(to.x, to.y, Qt::RightButton);
-      ASSERT_TRUE(run.WaitFor([&] { return run.game().turn.gameMode != ModeConfirmMove; }));
+      ASSERT_TRUE(run.PlayByClicks(from));
       ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
-      moves.push_back({{from.x, from.y}, {to.x, to.y}});
     }
     byMouse = run.game().match.record;
+    for (const RecordEvent& event : byMouse.events)
+      moves.push_back({{event.move.fromX, event.move.fromY}, {event.move.toX, event.move.toY}});
   }
   ASSERT_EQ(byMouse.events.size(), static_cast<std::size_t>(kMoveCount));
   RunningProgram run;
