@@ -7,9 +7,9 @@
 #include <QTest>
 
 #include "ui/concede_dialog.h"
-#include "ui_controls.h"
 #include "ui/new_game_dialog.h"
 #include "ui/pawn_options_dialog.h"
+#include "ui_controls.h"
 
 namespace varkesh {
 namespace {

@@ -16,7 +16,9 @@ namespace {
 
 using test::RunningProgram;
 
-void Shoot(RunningProgram& run, const char* name) { test::Shoot(run.window(), name); }
+void Shoot(RunningProgram& run, const char* name) {
+  test::Shoot(run.window(), name);
+}
 
 // White human; Blue, Black and Red computers; from the title.
 void StartAgainstComputers(RunningProgram& run) {
