@@ -49,13 +49,7 @@ TEST(NetPlayTakeback, TheHostTakesBackItsOwnMoveAndAnswersAClientsRequest) {
   ChatWindow& hostChat = host.window().netPlay()->window();
   ASSERT_TRUE(
       host.WaitFor([&] { return hostChat.findChild<QListWidget*>("lstNodes")->count() == 2; }));
-  {
-    const auto start = test::WhenModalOpens([](QWidget& dialog) {
-      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-    });
-    host.ClickSquare(8, 8);
-    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
-  }
+  ASSERT_TRUE(host.StartFromTitle());
   ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
   hostChat.findChild<QListWidget*>("lstNodes")->setCurrentRow(1);
   QTest::mouseClick(hostChat.findChild<QAbstractButton*>("cmdAssign0"), Qt::LeftButton);

@@ -143,11 +143,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_EQ(NodeLines(bo), (QStringList{"Ada (host)", "Bo (you)", "Cy"}));
 
   // The host starts a game of four human seats; everyone follows it.
-  {
-    const auto start = test::WhenModalOpens([](QWidget& dialog) { Click(dialog, "cmdStart"); });
-    host.ClickSquare(8, 8);
-    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
-  }
+  ASSERT_TRUE(host.StartFromTitle());
   ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
   ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kWhite));
   EXPECT_TRUE(bo.window().view().PauseButton().isHidden());

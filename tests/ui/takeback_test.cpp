@@ -23,14 +23,11 @@ void Shoot(RunningProgram& run, const char* name) {
 // White human; Blue, Black and Red computers; from the title.
 void StartAgainstComputers(RunningProgram& run) {
   ASSERT_TRUE(run.WaitFor([&run] { return run.game().turn.titleLoaded; }));
-  const auto answer = test::WhenModalOpens([](QWidget& dialog) {
+  ASSERT_TRUE(run.StartFromTitle([](QWidget& dialog) {
     dialog.findChild<QComboBox*>("cmbPlayer1")->setCurrentIndex(kAggressive);
     dialog.findChild<QComboBox*>("cmbPlayer2")->setCurrentIndex(kBalanced);
     dialog.findChild<QComboBox*>("cmbPlayer3")->setCurrentIndex(kDefensive);
-    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-  });
-  run.ClickSquare(8, 8);
-  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  }));
 }
 
 // White's first listed move by the mouse, then the computers until White's turn.
