@@ -6,10 +6,10 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
-#include <sstream>
 #include <string>
 
 #include "core/new_game_data.h"
+#include "core/rules_fixture.h"
 #include "flow/game.h"
 #include "persist/game_text.h"
 #include "persist/temp_folder.h"
@@ -44,38 +44,17 @@ inline Game StartGame(PerTeam<int> players = {}) {
   Game game;
   game.match.setup.gameName = "Start";
   game.match.setup.playerKinds = players;
-  game.match.position.board = LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt");
-  game.match.position.Refresh();
+  game.match.position =
+      StartPosition(LoadNewGameDataFile(VARKESH_PACK_DIR "/newgamedata.txt"), kAlliedNeighbors);
   return game;
 }
 
-// The real terrain with only the pieces written "WP 8,13 -KQ 8,4": team
-// letter W, B, K (Black) or R, kind letter P, C, B, R, N, Q or K, '-' before
-// a frozen piece. No castle rights unless a test grants them.
+// The real terrain with only the pieces written as the rule tests write
+// them ("WP 8,13 -KQ 8,4"), and no castle rights.
 inline Game Placed(int gameType, const std::string& pieces) {
   Game game;
   game.match.setup.gameName = "Placed";
-  Position& position = game.match.position;
-  position.gameType = gameType;
-  position.castleRight = {false, false, false, false};
-  LayOutTerrain(position.board);
-  std::istringstream in(pieces);
-  std::string code;
-  int x = 0, y = 0;
-  char comma = 0;
-  while (in >> code >> x >> comma >> y) {
-    const bool frozen = code[0] == '-';
-    const auto team = std::string("WBKR").find(code[frozen]);
-    const auto kind = std::string("PCBRNQK").find(code[frozen + 1]);
-    if (team == std::string::npos || kind == std::string::npos || !Board::InBounds(x, y)) {
-      ADD_FAILURE() << "no piece " << code << " " << x << "," << y;
-      continue;
-    }
-    Square& square = position.board.at(x, y);
-    square.team = static_cast<std::int8_t>(team + 1);
-    square.piece = static_cast<std::int8_t>(frozen ? -(kind + 1) : kind + 1);
-  }
-  position.Refresh();
+  game.match.position = test::Place(gameType, pieces);
   return game;
 }
 

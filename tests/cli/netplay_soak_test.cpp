@@ -1,10 +1,9 @@
 // A long run of NetPlay over the loopback: a varkesh-cli host whose four
-// seats the computer plays, eight clients watching, and one whole game after
-// another without a pause, until VARKESH_SOAK_GAMES games (20) have ended.
-// After each game every node must show the host's game. Prints a line a game
-// and the host's memory at the start and the end; fails when a node ended a
-// game otherwise than the host, or the host logged a NetPlay error. Too long
-// for the suite: scripts/soak.sh runs it.
+// seats the computer plays, eight clients watching, one whole game after
+// another until VARKESH_SOAK_GAMES games (20) have ended. Fails when a node
+// ended a game otherwise than the host, or the host logged a NetPlay error;
+// prints a line a game and the host's memory. Too long for the suite:
+// scripts/soak.sh runs it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -78,64 +77,44 @@ bool Soak(int games) {
   auto host = StartHost(port, "Soaker", folder.Slashed());
   if (!host) return false;
   std::vector<std::unique_ptr<NodeProcess>> watchers;
-  for (int i = 1; i <= kWatchers; ++i) {
-    auto watcher = StartClient(port, "Watcher" + std::to_string(i), folder.Slashed(), false);
-    if (!watcher) return false;
-    watchers.push_back(std::move(watcher));
-  }
   std::vector<NodeProcess*> nodes{host.get()};
-  for (auto& watcher : watchers) nodes.push_back(watcher.get());
-  if (!NodeCountBecomes(*host, 1 + kWatchers)) {
-    std::fprintf(stderr, "the watchers did not all join\n");
-    return false;
+  for (int i = 1; i <= kWatchers; ++i) {
+    watchers.push_back(StartClient(port, "Watcher" + std::to_string(i), folder.Slashed(), false));
+    if (!watchers.back()) return false;
+    nodes.push_back(watchers.back().get());
   }
+  if (!NodeCountBecomes(*host, 1 + kWatchers)) return false;
 
   const long startRss = StatusKiB(host->Pid(), "VmRSS");
-  std::printf("start host VmRSS %ld KiB, %d watchers\n", startRss, kWatchers);
-  std::fflush(stdout);
   const auto soakStart = Clock::now();
-  int identical = 0;
-  int finished = 0;
-  int cut = 0;
+  int identical = 0, finished = 0, cut = 0;
   for (int game = 1; finished < games && cut <= games; ++game) {
     const auto gameStart = Clock::now();
-    const std::string name = "Soak" + std::to_string(game);
-    if (!StartGame(*host, name)) return false;
+    if (!StartGame(*host, "Soak" + std::to_string(game))) return false;
     const std::vector<bool> done = AwaitVictory(nodes);
+    const auto end = host->ShownGame();
+    if (!end) return false;
     if (!done[0]) {
       ++cut;
       std::printf("game %d cut short after %.1f s at round %d: the computer did not end it\n", game,
-                  SecondsSince(gameStart), host->ShownGame()->match.position.roundNumber);
-      std::fflush(stdout);
+                  SecondsSince(gameStart), end->match.position.roundNumber);
       continue;
     }
     ++finished;
-    const double seconds = SecondsSince(gameStart);
-    for (std::size_t i = 1; i < nodes.size(); ++i)
-      if (!done[i])
-        std::fprintf(stderr, "game %d: watcher %zu did not end it:\n%s", game, i,
-                     nodes[i]->Recent().c_str());
-    const auto end = host->ShownGame();
-    if (!end) return false;
     int alike = 0;
-    for (auto& watcher : watchers) {
-      const std::string difference = ShowDifference(*host, *watcher, 2.0);
-      if (difference.empty())
-        ++alike;
-      else
-        std::fprintf(stderr, "game %d: a watcher differs: %s\n", game, difference.c_str());
+    for (std::size_t i = 1; i < nodes.size(); ++i) {
+      const std::string difference = done[i] ? ShowDifference(*host, *nodes[i], 2.0) : "no end";
+      alike += difference.empty();
+      if (!difference.empty())
+        std::fprintf(stderr, "game %d, watcher %zu: %s\n%s", game, i, difference.c_str(),
+                     nodes[i]->Recent().c_str());
     }
-    if (alike == kWatchers) ++identical;
+    identical += alike == kWatchers;
     std::printf("game %d seconds %.1f rounds %d identical %d/%d host VmRSS %ld KiB\n", game,
-                seconds, end->match.position.roundNumber, alike, kWatchers,
+                SecondsSince(gameStart), end->match.position.roundNumber, alike, kWatchers,
                 StatusKiB(host->Pid(), "VmRSS"));
     std::fflush(stdout);
   }
-  std::printf(
-      "summary whole games %d identical %d cut short %d seconds %.1f host VmRSS start %ld KiB end "
-      "%ld KiB peak %ld KiB\n",
-      finished, identical, cut, SecondsSince(soakStart), startRss, StatusKiB(host->Pid(), "VmRSS"),
-      StatusKiB(host->Pid(), "VmHWM"));
   // Nodes in step log nothing: a checksum that differs, a refused message or
   // a dropped peer would all show here.
   const std::string log = FileText(folder.File("varkesh/logs/error_netplay.log"));
@@ -143,7 +122,11 @@ bool Soak(int games) {
   for (std::size_t at = log.find("ErrDesc = "); at != std::string::npos;
        at = log.find("ErrDesc = ", at + 1))
     ++errors;
-  std::printf("host NetPlay errors logged %d\n%s", errors, log.c_str());
+  std::printf(
+      "summary whole games %d identical %d cut short %d seconds %.1f host VmRSS start %ld KiB end "
+      "%ld KiB peak %ld KiB, NetPlay errors logged %d\n%s",
+      finished, identical, cut, SecondsSince(soakStart), startRss, StatusKiB(host->Pid(), "VmRSS"),
+      StatusKiB(host->Pid(), "VmHWM"), errors, log.c_str());
   return finished == games && identical == games && errors == 0;
 }
 

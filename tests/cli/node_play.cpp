@@ -48,16 +48,6 @@ std::optional<PlannedMove> FirstLegalMove(const Game& shown) {
   return PlannedMove{moves[0].fromX, moves[0].fromY, moves[0].toX, moves[0].toY};
 }
 
-std::optional<PlannedMove> FirstIllegalMove(const Game& shown) {
-  auto legal = FirstLegalMove(shown);
-  if (!legal) return std::nullopt;
-  for (int y = 0; y < kBoardSide; ++y)
-    for (int x = 0; x < kBoardSide; ++x)
-      if (!IsListedMove(shown.match.position, legal->fromX, legal->fromY, x, y))
-        return PlannedMove{legal->fromX, legal->fromY, x, y};
-  return std::nullopt;
-}
-
 int TurnKey(const Game& game) {
   return game.match.position.roundNumber * 10 + game.match.position.currentTeam;
 }

@@ -21,9 +21,6 @@ struct PlannedMove {
 // The first move the rules list for the team on turn, scanning the board by
 // rows; none when that team has no move.
 std::optional<PlannedMove> FirstLegalMove(const Game& shown);
-// A move the rules do not list: the piece of the first legal move sent to
-// the first square it may not reach.
-std::optional<PlannedMove> FirstIllegalMove(const Game& shown);
 
 // Round and team on turn, as one number.
 int TurnKey(const Game& game);

@@ -144,12 +144,6 @@ std::optional<std::string> NodeProcess::WaitFor(const std::string& prefix, doubl
   return std::nullopt;
 }
 
-void NodeProcess::ReadFor(double seconds) {
-  const auto deadline = After(seconds);
-  while (NextLine(deadline)) {
-  }
-}
-
 std::optional<std::vector<std::string>> NodeProcess::Show() {
   Send("show");
   const auto deadline = After(kNodeWaitSeconds);
@@ -211,12 +205,6 @@ int NodeProcess::WaitForExit(double seconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
   return -1;
-}
-
-bool NodeProcess::Seen(const std::string& prefix) const {
-  for (const std::string& line : seen_)
-    if (line.rfind(prefix, 0) == 0) return true;
-  return false;
 }
 
 std::string NodeProcess::Recent() const {

@@ -1,8 +1,8 @@
 // A varkesh-cli NetPlay node run by a test as a player would run it: its
 // standard input fed line by line, its standard output read line by line,
 // every wait bounded. A node whose output has ended, or that has logged a
-// NetPlay error the test did not provoke, is waited for no longer: a broken
-// message fails a test at once instead of when its time runs out.
+// NetPlay error, is waited for no longer: a broken message fails a test at
+// once instead of when its time runs out.
 #pragma once
 
 #include <sys/types.h>
@@ -40,9 +40,6 @@ class NodeProcess {
   // Reads up to the first line that begins with prefix; nothing when the
   // node says nothing of the kind within the time.
   std::optional<std::string> WaitFor(const std::string& prefix, double seconds = kNodeWaitSeconds);
-  // Reads and drops what the node says for that long, so that its output
-  // pipe never fills while the test awaits another node.
-  void ReadFor(double seconds);
   // The "show" command: the lines of the plain game text, or none in time.
   std::optional<std::vector<std::string>> Show();
   std::optional<Game> ShownGame();
@@ -54,16 +51,12 @@ class NodeProcess {
   // The exit code, or -1 when the node has not ended within the time.
   int WaitForExit(double seconds = kNodeWaitSeconds);
 
-  // The test provokes NetPlay errors on this node: they do not end waiting.
-  void ExpectErrors() { errorsExpected_ = true; }
   // Whether waiting for more from the node is in vain: its output has ended,
-  // or it has logged an error that was not expected.
-  bool Broken() const { return ended_ || (errorLogged_ && !errorsExpected_); }
+  // or it has logged an error.
+  bool Broken() const { return ended_ || errorLogged_; }
 
   // The last lines read, for the message of a failed check.
   std::string Recent() const;
-  // Whether any line read so far began with prefix.
-  bool Seen(const std::string& prefix) const;
 
   pid_t Pid() const { return pid_; }
 
@@ -78,7 +71,6 @@ class NodeProcess {
   int exitCode_ = -1;
   bool ended_ = false;
   bool errorLogged_ = false;
-  bool errorsExpected_ = false;
 };
 
 }  // namespace varkesh::testing

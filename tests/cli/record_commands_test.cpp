@@ -1,39 +1,16 @@
 // varkesh-cli record, replay and selfplay --records, run as a player runs
 // them: what each prints, and its exit code.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
 
-#include "persist/game_text.h"
-#include "persist/temp_folder.h"
+#include "cli/cli_fixture.h"
 
-namespace varkesh {
+namespace varkesh::testing {
 namespace {
 
-using testing::FileText;
-
-class RecordCommandsTest : public ::testing::Test {
+class RecordCommandsTest : public CliTest {
  protected:
-  struct Run {
-    int code = -1;
-    std::string out, err;
-  };
-
-  Run Cli(const std::string& arguments) const {
-    const std::string command = "cd '" + folder_.Slashed() + "' && '" + VARKESH_CLI + "' " +
-                                arguments + " >out.txt 2>err.txt";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(folder_.File("out.txt")),
-            FileText(folder_.File("err.txt"))};
-  }
-  void Put(const std::string& name, const std::string& text) const {
-    std::ofstream(folder_.File(name), std::ios::binary) << text;
-  }
-
-  testing::TempFolder folder_;
+  void Put(const std::string& name, const std::string& text) const { PutFile(Path(name), text); }
+  using CliTest::Put;
 };
 
 TEST_F(RecordCommandsTest, SelfPlayRecordsReadBackAndReplay) {
@@ -43,11 +20,11 @@ TEST_F(RecordCommandsTest, SelfPlayRecordsReadBackAndReplay) {
     const std::string record = FileText(folder_.File(name));
     ASSERT_NE(record.find("[Name \"Self-play "), std::string::npos) << record;
 
-    const Run normalised = Cli(std::string("record ") + name);
+    const CliRun normalised = Cli(std::string("record ") + name);
     EXPECT_EQ(normalised.code, 0) << normalised.err;
     EXPECT_EQ(normalised.out, record);
 
-    const Run whole = Cli(std::string("replay ") + name);
+    const CliRun whole = Cli(std::string("replay ") + name);
     EXPECT_EQ(whole.code, 0) << whole.err;
     int plies = 0;
     for (const char* team : {" White ", " Blue ", " Black ", " Red "})
@@ -57,7 +34,8 @@ TEST_F(RecordCommandsTest, SelfPlayRecordsReadBackAndReplay) {
     ASSERT_GT(plies, 0);
     EXPECT_EQ(Cli(std::string("replay ") + name + " --ply " + std::to_string(plies)).out,
               whole.out);
-    const Run earlier = Cli(std::string("replay ") + name + " --ply " + std::to_string(plies - 1));
+    const CliRun earlier =
+        Cli(std::string("replay ") + name + " --ply " + std::to_string(plies - 1));
     EXPECT_EQ(earlier.code, 0);
     EXPECT_NE(earlier.out, whole.out);
     EXPECT_EQ(Cli(std::string("replay ") + name + " --ply " + std::to_string(plies + 1)).code, 2);
@@ -74,7 +52,7 @@ TEST_F(RecordCommandsTest, ABadRecordExitsOneWithItsLine) {
   const int line =
       1 + static_cast<int>(std::count(record.begin(), record.begin() + round2 + 1, '\n'));
   for (const char* command : {"record bad.vrec", "replay bad.vrec"}) {
-    const Run run = Cli(command);
+    const CliRun run = Cli(command);
     EXPECT_EQ(run.code, 1) << command;
     EXPECT_NE(
         run.err.find("bad.vrec: line " + std::to_string(line) + ": the game is in round 2, not 3"),
@@ -90,7 +68,7 @@ TEST_F(RecordCommandsTest, ASavedGameGivesItsRecord) {
   ASSERT_EQ(Cli("new --players 0,1,2,3 --name Friday").code, 0);
   const std::string text = FileText(folder_.File("out.txt"));
   Put("friday.txt", text);
-  const Run record = Cli("record friday.txt");
+  const CliRun record = Cli("record friday.txt");
   EXPECT_EQ(record.code, 0) << record.err;
   EXPECT_NE(record.out.find("[Name \"Friday\"]\n"), std::string::npos);
   EXPECT_NE(record.out.find("[Blue \"Aggressive\"]\n[BlueLevel \"Classic\"]\n"), std::string::npos);
@@ -106,4 +84,4 @@ TEST_F(RecordCommandsTest, ASavedGameGivesItsRecord) {
 }
 
 }  // namespace
-}  // namespace varkesh
+}  // namespace varkesh::testing

@@ -190,11 +190,10 @@ void FakeNetwork::DeliverService(const EndKey& key) {
   TransportEvents* events = EventsOf(key.first);
 
   if (!end.arrived.empty()) {
-    const std::size_t size =
-        chunkSize_ == 0 ? end.arrived.size() : std::min(chunkSize_, end.arrived.size());
-    const std::string piece = end.arrived.substr(0, size);
-    end.arrived.erase(0, size);
-    if (!end.arrived.empty() || end.closing != Closing::kNone) QueueService(key);
+    // All that has arrived is handed over in one piece.
+    const std::string piece = std::move(end.arrived);
+    end.arrived.clear();
+    if (end.closing != Closing::kNone) QueueService(key);
     if (events != nullptr) events->OnData(key.second, piece);
     return;
   }

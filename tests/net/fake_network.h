@@ -61,9 +61,6 @@ class FakeNetwork {
   // One delivery; false when nothing was pending.
   bool PumpOne();
 
-  // Bytes reach the far side in pieces of at most this many; 0 (the start)
-  // hands over all that has arrived in one piece.
-  void SetChunkSize(std::size_t bytes) { chunkSize_ = bytes; }
   // The connection fails at once: bytes on the way are lost, and both ends
   // hear an error followed by the close.
   void Break(const FakeTransport& end, ConnectionId connection);
@@ -108,7 +105,6 @@ class FakeNetwork {
   std::map<int, int> listeners_;  // port to endpoint index
   std::map<EndKey, End> ends_;
   std::deque<Delivery> queue_;
-  std::size_t chunkSize_ = 0;
 };
 
 }  // namespace varkesh::net

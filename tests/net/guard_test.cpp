@@ -235,6 +235,20 @@ TEST_F(Guard, APeerThatDoesNotReadIsLetGoBeforeItsBacklogPassesTheLimit) {
   EXPECT_NE(bob.session.nodeConnections[0], 0);
 }
 
+TEST_F(Guard, AMessageThatNeverEndsIsCutOffAndItsPeerLetGo) {
+  Peer& bob = Join("Bob");
+  auto endless = RawJoin("Endless");
+  endless->transport.Send(endless->connection, std::string(net::kMaxMessageBytes + 1, 'x'));
+  network.Pump();
+  EXPECT_FALSE(host->session.nodeInUse[2]);
+  EXPECT_TRUE(host->session.nodeBuffers[2].empty());
+  EXPECT_EQ(endless->connection, 0);
+  EXPECT_NE(Log().find("A message longer than 65536 bytes; the connection is closed"),
+            std::string::npos);
+  EXPECT_TRUE(host->session.nodeInUse[1]);
+  EXPECT_NE(bob.session.nodeConnections[0], 0);
+}
+
 TEST_F(Guard, AGameThatCannotBeReadIsLoggedAndChangesNothing) {
   StartGame();
   Peer& bob = Join("Bob");

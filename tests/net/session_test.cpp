@@ -1,6 +1,7 @@
 // Joining, leaving, the node list, seats, chat and boot between a host and
 // clients on the in-process network.
 #include "net/net_fixture.h"
+#include "support/first_move.h"
 
 namespace varkesh::testing {
 namespace {
@@ -71,6 +72,26 @@ TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
   Peer& bob = Join("Bob");
   Settle();
   EXPECT_EQ(bob.game.match.position.currentTeam, kBlue);
+  ExpectSameGames();
+}
+
+TEST_F(NetTable, AJoinerMidSelectionShowsTheSameSelection) {
+  StartGame();
+  const varkesh::Move move = FirstListedMove(host->game);
+  host->Click(move.fromX, move.fromY);
+  host->Pass();
+  Peer& bob = Join("Bob");
+  Settle();
+  host->Click(move.toX, move.toY);
+  host->Pass();
+  Peer& cid = Join("Cid");
+  Settle();
+  ASSERT_EQ(host->game.turn.gameMode, ModeConfirmMove);
+  for (Peer* client : {&bob, &cid}) {
+    EXPECT_EQ(client->game.turn.gameMode, ModeConfirmMove) << client->game.net.localPlayerName;
+    EXPECT_EQ(client->game.turn.moveFromX, move.fromX) << client->game.net.localPlayerName;
+    EXPECT_EQ(client->game.turn.moveToY, move.toY) << client->game.net.localPlayerName;
+  }
   ExpectSameGames();
 }
 

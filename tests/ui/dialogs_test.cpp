@@ -9,20 +9,13 @@
 #include "ui/concede_dialog.h"
 #include "ui/new_game_dialog.h"
 #include "ui/pawn_options_dialog.h"
+#include "ui_controls.h"
 
 namespace varkesh {
 namespace {
 
-template <class T>
-T& Child(QWidget& parent, const QString& name) {
-  T* child = parent.findChild<T*>(name);
-  if (child == nullptr) throw std::runtime_error("no control " + name.toStdString());
-  return *child;
-}
-
-void Click(QWidget& parent, const QString& name) {
-  QTest::mouseClick(&Child<QAbstractButton>(parent, name), Qt::LeftButton);
-}
+using test::Child;
+using test::Click;
 
 TEST(NewGameDialog, OpensWithTheLastPlayersAndStartNeedsANameThatIsNotOnlyBlanks) {
   NewGameDialog dialog({0, 3, 1, 2}, "Moat Keep", nullptr);

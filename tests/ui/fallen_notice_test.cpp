@@ -1,6 +1,5 @@
 // A local human whose kingdom falls is told so on the board, and once no
 // local human is left the computers' moves are previewed to the end.
-#include <QAbstractButton>
 #include <QLabel>
 
 #include "ui_test_support.h"
@@ -13,13 +12,7 @@ using test::RunningProgram;
 TEST(FallenKingdom, IsToldAndTheLastHumanFallingTurnsOnThePreview) {
   RunningProgram run;
   ASSERT_TRUE(run.Started());
-  {
-    const auto answer = test::WhenModalOpens([](QWidget& dialog) {
-      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-    });
-    run.ClickSquare(8, 8);
-    ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-  }
+  ASSERT_TRUE(run.StartFromTitle());
   MainWindow& window = run.window();
   window.SetMenuChecked(Menu::OptionsShowComp, false);
   Game& game = run.game();

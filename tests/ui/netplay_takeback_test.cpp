@@ -6,10 +6,10 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTcpServer>
 
 #include "ui/chat_window.h"
 #include "ui/netplay_session.h"
+#include "ui_controls.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
@@ -17,11 +17,7 @@ namespace {
 
 using test::RunningProgram;
 
-int FreePort() {
-  QTcpServer probe;
-  if (!probe.listen(QHostAddress::LocalHost, 0)) return 0;
-  return probe.serverPort();
-}
+using test::FreePort;
 
 void Open(RunningProgram& run, const char* entry, const QString& name, int port) {
   const auto fill = test::WhenModalOpens([&](QWidget& dialog) {
@@ -33,14 +29,8 @@ void Open(RunningProgram& run, const char* entry, const QString& name, int port)
 }
 
 // The team on turn's first moveable piece to its first destination, by clicks.
-void PlayByClicks(RunningProgram& run) {
-  const BoardSquare from = run.game().view.moveablePieces[1];
-  run.ClickSquare(from.x, from.y);
-  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  const BoardSquare to = run.game().view.moveablePieces[1];
-  run.ClickSquare(to.x, to.y);
-  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-  run.ClickSquare(to.x, to.y, Qt::RightButton);
+bool PlayByClicks(RunningProgram& run) {
+  return run.PlayByClicks(run.game().view.moveablePieces[1]);
 }
 
 QAction& TakeBackEntry(RunningProgram& run) {
@@ -59,13 +49,7 @@ TEST(NetPlayTakeback, TheHostTakesBackItsOwnMoveAndAnswersAClientsRequest) {
   ChatWindow& hostChat = host.window().netPlay()->window();
   ASSERT_TRUE(
       host.WaitFor([&] { return hostChat.findChild<QListWidget*>("lstNodes")->count() == 2; }));
-  {
-    const auto start = test::WhenModalOpens([](QWidget& dialog) {
-      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-    });
-    host.ClickSquare(8, 8);
-    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
-  }
+  ASSERT_TRUE(host.StartFromTitle());
   ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
   hostChat.findChild<QListWidget*>("lstNodes")->setCurrentRow(1);
   QTest::mouseClick(hostChat.findChild<QAbstractButton*>("cmdAssign0"), Qt::LeftButton);
@@ -73,12 +57,12 @@ TEST(NetPlayTakeback, TheHostTakesBackItsOwnMoveAndAnswersAClientsRequest) {
 
   // Bo plays White, Ada Blue: the entry is each one's only after its own move.
   const Match whitesTurn = host.game().match;
-  ASSERT_NO_FATAL_FAILURE(PlayByClicks(bo));
+  ASSERT_TRUE(PlayByClicks(bo));
   ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
   EXPECT_TRUE(bo.WaitFor([&] { return TakeBackEntry(bo).isEnabled(); }));
   EXPECT_FALSE(TakeBackEntry(host).isEnabled());
   const Match bluesTurn = host.game().match;
-  ASSERT_NO_FATAL_FAILURE(PlayByClicks(host));
+  ASSERT_TRUE(PlayByClicks(host));
   ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kBlack));
   EXPECT_TRUE(host.WaitFor([&] { return TakeBackEntry(host).isEnabled(); }));
   EXPECT_TRUE(bo.WaitFor([&] { return !TakeBackEntry(bo).isEnabled(); }));

@@ -15,16 +15,12 @@
 #include "persist/settings.h"
 #include "ui/chat_window.h"
 #include "ui/connect_dialog.h"
+#include "ui_controls.h"
 
 namespace varkesh {
 namespace {
 
-template <class T>
-T& Child(QWidget& parent, const QString& name) {
-  T* child = parent.findChild<T*>(name);
-  if (child == nullptr) throw std::runtime_error("no control " + name.toStdString());
-  return *child;
-}
+using test::Child;
 
 TEST(ConnectDialog, ConnectNeedsANamePortAndWhenJoiningAnAddress) {
   for (const int role : {kNetHostDialog, kNetConnectDialog}) {

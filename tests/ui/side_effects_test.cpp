@@ -1,6 +1,5 @@
 // A sound or picture that cannot be had, as when the temporary folder is
 // removed under the running game, never leaves a move or the title halfway.
-#include <QAbstractButton>
 #include <QAction>
 #include <filesystem>
 #include <fstream>
@@ -31,13 +30,7 @@ TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillCompl
   RunningProgram run;
   ASSERT_TRUE(run.Started());
   Game& game = run.game();
-  {
-    const auto start = test::WhenModalOpens([](QWidget& dialog) {
-      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-    });
-    run.ClickSquare(8, 8);
-    ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-  }
+  ASSERT_TRUE(run.StartFromTitle());
   // The pack's files can no longer be written: a file stands where the folder was.
   std::filesystem::remove_all(run.folder() + "temp");
   std::ofstream(run.folder() + "temp") << "in the way";

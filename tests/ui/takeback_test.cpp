@@ -3,12 +3,12 @@
 // VARKESH_SCREENSHOTS the test also takes the pictures of the documentation.
 #include <QAction>
 #include <QComboBox>
-#include <QDir>
 #include <QTableWidget>
 
 #include "core/rules.h"
 #include "ui/move_list.h"
 #include "ui/record_commands.h"
+#include "ui_controls.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
@@ -17,24 +17,17 @@ namespace {
 using test::RunningProgram;
 
 void Shoot(RunningProgram& run, const char* name) {
-  const QString folder = qEnvironmentVariable("VARKESH_SCREENSHOTS");
-  if (folder.isEmpty()) return;
-  QTest::qWait(400);
-  EXPECT_TRUE(QDir().mkpath(folder) && run.window().grab().save(folder + "/" + name + ".png"))
-      << name;
+  test::Shoot(run.window(), name);
 }
 
 // White human; Blue, Black and Red computers; from the title.
 void StartAgainstComputers(RunningProgram& run) {
   ASSERT_TRUE(run.WaitFor([&run] { return run.game().turn.titleLoaded; }));
-  const auto answer = test::WhenModalOpens([](QWidget& dialog) {
+  ASSERT_TRUE(run.StartFromTitle([](QWidget& dialog) {
     dialog.findChild<QComboBox*>("cmbPlayer1")->setCurrentIndex(kAggressive);
     dialog.findChild<QComboBox*>("cmbPlayer2")->setCurrentIndex(kBalanced);
     dialog.findChild<QComboBox*>("cmbPlayer3")->setCurrentIndex(kDefensive);
-    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-  });
-  run.ClickSquare(8, 8);
-  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
+  }));
 }
 
 // White's first listed move by the mouse, then the computers until White's turn.
@@ -43,11 +36,7 @@ void PlayRound(RunningProgram& run) {
   ListMoves(run.game().match.position, moves);
   ASSERT_FALSE(moves.Empty());
   const Move move = moves[moves.Count() / 2];
-  run.ClickSquare(move.fromX, move.fromY);
-  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  run.ClickSquare(move.toX, move.toY);
-  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-  run.ClickSquare(move.toX, move.toY, Qt::RightButton);
+  ASSERT_TRUE(run.PlayByClicks({move.fromX, move.fromY}, BoardSquare{move.toX, move.toY}));
   ASSERT_TRUE(run.WaitFor([&run] { return run.game().match.position.currentTeam != kWhite; }));
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
 }

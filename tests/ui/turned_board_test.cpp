@@ -1,7 +1,6 @@
 // The board turned to each army and drawn at more than one scale: clicks
 // land on the piece drawn under them, and a game played from the keyboard
 // is the game played with the mouse.
-#include <QAbstractButton>
 #include <QKeyEvent>
 
 #include "core/geometry.h"
@@ -55,15 +54,6 @@ TEST(BoardTurn, MineIsTheLocalSeatInNetPlayAndTheHumanOnTurnAtHome) {
   EXPECT_EQ(BottomTeamFor(game, TurnChoice::White), kWhite) << "a choice of the player stands";
 }
 
-// A new game of four humans, past the title.
-void StartHotSeat(RunningProgram& run) {
-  const auto answer = test::WhenModalOpens([](QWidget& dialog) {
-    QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
-  });
-  run.ClickSquare(8, 8);
-  ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-}
-
 // The middle of the square (x, y) of the game where the view shows it now.
 QPoint DrawnCentre(RunningProgram& run, int x, int y) {
   ViewWidget& view = run.window().view();
@@ -100,7 +90,7 @@ TEST(TurnedBoard, AClickOnTheDrawnSquareOfAPieceSelectsItAtEachTurnAndScale) {
                                 TurnChoice::Red};
   RunningProgram run;
   ASSERT_TRUE(run.Started());
-  StartHotSeat(run);
+  ASSERT_TRUE(run.StartFromTitle());
   Game& game = run.game();
   for (const double scale : {1.0, 2.0}) {
     ASSERT_TRUE(test::SetViewSide(run.window(), static_cast<int>(600 * scale)));
@@ -174,27 +164,22 @@ TEST(TurnedBoard, AGameFromTheKeyboardIsTheGameOfTheMouse) {
   {
     RunningProgram run;
     ASSERT_TRUE(run.Started());
-    StartHotSeat(run);
+    ASSERT_TRUE(run.StartFromTitle());
     const ViewState& view = run.game().view;
     for (int i = 0; i < kMoveCount; ++i) {
       const BoardSquare from = view.moveablePieces[1 + (3 * i) % view.moveablePieces.Count()];
       ASSERT_EQ(run.game().view.bottomTeam, kWhite) << "unturned by default at home";
-      run.ClickSquare(from.x, from.y);
-      ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-      const BoardSquare to = view.moveablePieces[1];
-      run.ClickSquare(to.x, to.y);
-      ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-      run.ClickSquare(to.x, to.y, Qt::RightButton);
-      ASSERT_TRUE(run.WaitFor([&] { return run.game().turn.gameMode != ModeConfirmMove; }));
+      ASSERT_TRUE(run.PlayByClicks(from));
       ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
-      moves.push_back({{from.x, from.y}, {to.x, to.y}});
     }
     byMouse = run.game().match.record;
+    for (const RecordEvent& event : byMouse.events)
+      moves.push_back({{event.move.fromX, event.move.fromY}, {event.move.toX, event.move.toY}});
   }
   ASSERT_EQ(byMouse.events.size(), static_cast<std::size_t>(kMoveCount));
   RunningProgram run;
   ASSERT_TRUE(run.Started());
-  StartHotSeat(run);
+  ASSERT_TRUE(run.StartFromTitle());
   run.window().SetChosenTurn(TurnChoice::Mine);  // each army turned down on its turn
   Game& game = run.game();
   run.window().view().setFocus();

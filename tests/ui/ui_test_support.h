@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -122,6 +123,27 @@ class RunningProgram {
         &view, button, {},
         view.contentsRect().topLeft() + QPoint(static_cast<int>((drawn.x * 35 + 17) * unit),
                                                static_cast<int>((drawn.y * 35 + 17) * unit)));
+  }
+  // A click on the title and Start in the New Game dialog, its players first
+  // chosen by choose when given; true once it is White's turn to choose.
+  bool StartFromTitle(const std::function<void(QWidget&)>& choose = {}) {
+    const auto start = WhenModalOpens([&choose](QWidget& dialog) {
+      if (choose) choose(dialog);
+      QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
+    });
+    ClickSquare(8, 8);
+    return WaitFor(ModeChoosePiece, kWhite);
+  }
+  // The piece on from to `to` (by default its first destination) by clicks:
+  // chosen, its destination chosen, and confirmed with a right click there.
+  bool PlayByClicks(BoardSquare from, std::optional<BoardSquare> to = {}) {
+    ClickSquare(from.x, from.y);
+    if (!WaitFor(ModeChooseDestination)) return false;
+    const BoardSquare target = to.value_or(game().view.moveablePieces[1]);
+    ClickSquare(target.x, target.y);
+    if (!WaitFor(ModeConfirmMove)) return false;
+    ClickSquare(target.x, target.y, Qt::RightButton);
+    return WaitFor([this] { return game().turn.gameMode != ModeConfirmMove; });
   }
   void PressShortcut(Qt::Key key) {
     window().activateWindow();

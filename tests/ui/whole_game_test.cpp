@@ -3,16 +3,15 @@
 // the game also takes the pictures of the documentation at its landmarks.
 #include <QAction>
 #include <QComboBox>
-#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
-#include <QPainter>
 #include <optional>
 
 #include "core/dungeon.h"
 #include "core/rules.h"
 #include "flow/turn.h"
+#include "ui_controls.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
@@ -20,15 +19,8 @@ namespace {
 
 using test::RunningProgram;
 
-// The window, with a dialog drawn where it stands over it.
 void Shoot(RunningProgram& run, const char* name, QWidget* dialog = nullptr) {
-  const QString folder = qEnvironmentVariable("VARKESH_SCREENSHOTS");
-  if (folder.isEmpty()) return;
-  QTest::qWait(400);  // the strobe and the flags move on
-  QPixmap shot = run.window().grab();
-  if (dialog != nullptr)
-    QPainter(&shot).drawPixmap(dialog->pos() - run.window().pos(), dialog->grab());
-  EXPECT_TRUE(QDir().mkpath(folder) && shot.save(folder + "/" + name + ".png")) << name;
+  test::Shoot(run.window(), name, dialog);
 }
 
 // Selects a piece, then a destination (by default the first it may go to),
