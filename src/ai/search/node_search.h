@@ -1,8 +1,8 @@
 // The search of one tree: alpha-beta over the two sides of the game (in
 // Anarchy the lone team against the best reply of the three others), with
 // a transposition table, quiescence over captures, null moves, late move
-// reductions and futility pruning. The iterative deepening that drives it
-// lives in search.cpp.
+// reductions, and pruning by the static score and of late quiet moves near
+// the horizon. The iterative deepening that drives it lives in search.cpp.
 #pragma once
 
 #include <array>
