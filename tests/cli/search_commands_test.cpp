@@ -81,6 +81,7 @@ TEST_F(SearchCommands, MatchRotatesTheSidesScoresAndWritesRecords) {
       << anarchy;
 }
 
+// The host's thinking time is a search limit too.
 TEST_F(SearchCommands, BadArgumentsGiveTheUsage) {
   for (const auto& [arguments, usage] : {
            std::tuple{"bestmove start.txt --level 5", "bestmove FILE"},
@@ -90,6 +91,8 @@ TEST_F(SearchCommands, BadArgumentsGiveTheUsage) {
            {"match --levels club,master --games 0", "match --levels"},
            {"match --levels club,master --games 1 --nodes 5 --movetime 5", "match --levels"},
            {"match --levels club,master --games 1 --records no-such-folder", "match --levels"},
+           {"host --thinking-time 100", "host"},
+           {"host --thinking-time soon", "host"},
        }) {
     const CliRun run = Cli(arguments);
     EXPECT_EQ(run.code, 2) << arguments;

@@ -6,7 +6,11 @@ namespace varkesh::cli {
 
 namespace {
 
-constexpr const char* kHostUsage = "host [--port P] [--name NAME] [--game FILE]";
+constexpr const char* kHostUsage =
+    "host [--port P] [--name NAME] [--game FILE] [--thinking-time MS]";
+// As the Options menu's choices reach: half a second to ten.
+constexpr int kFewestThinkingMs = 500;
+constexpr int kMostThinkingMs = 10000;
 constexpr const char* kJoinUsage = "join [--address A] [--port P] [--name NAME]";
 
 std::string Trimmed(const std::string& text) {
@@ -26,6 +30,9 @@ NodeSettings ReadSettings(const Options& options, bool host, const std::string& 
   settings.name = Trimmed(options.Value("name", host ? "Host" : "Player"));
   settings.address = Trimmed(options.Value("address", net::kDefaultHost));
   settings.gameFile = options.Value("game");
+  if (options.Has("thinking-time"))
+    settings.thinkingTimeMs =
+        ParseBetween(options.Value("thinking-time"), kFewestThinkingMs, kMostThinkingMs, usageLine);
   if (settings.name.empty() || settings.address.empty()) Usage(usageLine);
   return settings;
 }
@@ -34,7 +41,8 @@ NodeSettings ReadSettings(const Options& options, bool host, const std::string& 
 
 int CmdHost(const Args& args) {
   return RunNode(
-      ReadSettings(ParseOptions(args, {"port", "name", "game"}, {}, kHostUsage), true, kHostUsage));
+      ReadSettings(ParseOptions(args, {"port", "name", "game", "thinking-time"}, {}, kHostUsage),
+                   true, kHostUsage));
 }
 
 int CmdJoin(const Args& args) {

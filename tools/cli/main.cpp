@@ -32,7 +32,7 @@ constexpr Command kCommands[] = {
     {"record", varkesh::cli::CmdRecord, "FILE"},
     {"replay", varkesh::cli::CmdReplay, "RECORD [--ply N]"},
     {"perft", varkesh::cli::CmdPerft, "FILE DEPTH [--divide]"},
-    {"host", varkesh::cli::CmdHost, "[--port P] [--name NAME] [--game FILE]"},
+    {"host", varkesh::cli::CmdHost, "[--port P] [--name NAME] [--game FILE] [--thinking-time MS]"},
     {"join", varkesh::cli::CmdJoin, "[--address A] [--port P] [--name NAME]"},
 };
 

@@ -87,6 +87,7 @@ class NodeRun {
 
 bool NodeRun::Open() {
   UseToolFolder(outside_);
+  outside_.thinkingTimeMs = settings_.thinkingTimeMs;
   outside_.printEvent = PrintEventLine;
   outside_.serveEvents = [] { QCoreApplication::processEvents(); };
   if (settings_.host && !settings_.gameFile.empty()) {
