@@ -20,6 +20,8 @@ constexpr int kLateMoveDepth = 3;
 constexpr int kQuietsKept = 64;
 // What a root move that takes back the team's own last move is charged.
 constexpr int kReversalCost = 30;
+// The first and second moves are searched in full, the later quiet ones shallower.
+constexpr int kFirstReducedMove = 2;
 constexpr double kReductionBase = 0.75;
 constexpr double kReductionDivisor = 2.0;
 
@@ -274,7 +276,9 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
       value = Child(depth - 1, ply, low, high, pv, mySide);
     } else {
       const int reduction =
-          settings_.reductions && depth >= 3 && i >= 3 && reducible ? Reduction(depth, i) : 0;
+          settings_.reductions && depth >= 3 && i >= kFirstReducedMove && reducible
+              ? Reduction(depth, i)
+              : 0;
       value = Child(depth - 1 - reduction, ply, low, low + 1, false, mySide);
       if (value > low && reduction > 0) value = Child(depth - 1, ply, low, low + 1, false, mySide);
       if (value > low && value < high && pv) value = Child(depth - 1, ply, low, high, true, mySide);
