@@ -26,16 +26,29 @@ void AddToHistory(Position& position, int fromX, int fromY, int toX, int toY, in
   history[0] = {fromX, fromY, toX, toY, team, wasCapture};
 }
 
+namespace {
+
+int MaterialOf(const Square& square, int team) {
+  if (square.team != team) return 0;
+  if (square.piece == kPawn || square.piece == kCastlePawn) return 1;
+  return square.piece >= kBishop && square.piece <= kQueen ? 2 : 0;
+}
+
+}  // namespace
+
+// Asked after every capture, so only the team's own squares are looked at.
+// A capture asks before the squares of the move are resynced: the square
+// just taken is still listed for the loser, but no longer holds its piece.
 int Material(const Position& position, int team) {
   int material = 0;
-  for (const Square& square : position.board.squares) {
-    if (square.team != team) continue;
-    if (square.piece == kPawn || square.piece == kCastlePawn) {
-      material += 1;
-    } else if (square.piece >= kBishop && square.piece <= kQueen) {
-      material += 2;
-    }
+  const int index = TeamIndex(team);
+  if (index < 0) {
+    for (const Square& square : position.board.squares) material += MaterialOf(square, team);
+    return material;
   }
+  position.pieces[static_cast<std::size_t>(index)].ForEach([&](int square) {
+    material += MaterialOf(position.board.squares[static_cast<std::size_t>(square)], team);
+  });
   return material;
 }
 
