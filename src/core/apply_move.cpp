@@ -195,8 +195,7 @@ bool TopplesAKingdom(const Position& position, const Square& from, const Square&
   if (to.piece == kNoPiece || IsCastleMove(from, to)) return false;
   if (to.piece == kKing) return true;
   if (TeamIndex(to.team) < 0) return false;
-  const int lost = IsPawnKind(to.piece) ? 1 : (to.piece >= kBishop && to.piece <= kQueen ? 2 : 0);
-  return Material(position, to.team) - lost < 5;
+  return Material(position, to.team) - MaterialWorth(to.piece) < 5;
 }
 
 void PassTurn(Position& position) {

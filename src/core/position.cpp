@@ -29,9 +29,7 @@ void AddToHistory(Position& position, int fromX, int fromY, int toX, int toY, in
 namespace {
 
 int MaterialOf(const Square& square, int team) {
-  if (square.team != team) return 0;
-  if (square.piece == kPawn || square.piece == kCastlePawn) return 1;
-  return square.piece >= kBishop && square.piece <= kQueen ? 2 : 0;
+  return square.team == team ? MaterialWorth(square.piece) : 0;
 }
 
 }  // namespace

@@ -66,6 +66,11 @@ void AddToHistory(Position& position, int fromX, int fromY, int toX, int toY, in
 // Bishop, Rook, Knight and Queen 2.
 bool LackOfMaterial(const Position& position, int team);
 int Material(const Position& position, int team);
+// What one live piece of that kind adds to its team's material.
+constexpr int MaterialWorth(int piece) {
+  if (piece == kPawn || piece == kCastlePawn) return 1;
+  return piece >= kBishop && piece <= kQueen ? 2 : 0;
+}
 // The square of the team's live King in scan order; (0, 0) when there is none.
 int KingColumn(const Position& position, int team);
 int KingRow(const Position& position, int team);

@@ -57,7 +57,7 @@ TeamTally TallyTeam(const Position& position, int team, const EvalWeights& weigh
       return;
     }
     tally.score += PieceValue(weights.personality, piece);
-    count += piece == kPawn || piece == kCastlePawn ? 1 : 2;
+    count += MaterialWorth(piece);
     const bool hostileRealm = square.realm != kNoTeam && InTeams(hostile, square.realm) &&
                               (square.terrain == kMoat || square.terrain == kKeep);
     if (piece == kPawn) {
