@@ -11,10 +11,7 @@ class AiCommands : public CliTest {
  protected:
   // The start position, with White's pieces frozen when asked.
   std::string Write(const std::string& name, PerTeam<int> players, bool frozen = false) const {
-    Game game = StartGame(players);
-    for (Square& square : game.match.position.board.squares)
-      if (frozen && square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
-    Put(name, game);
+    Put(name, frozen ? WhiteFrozenStart(players) : StartGame(players));
     return name + " ";
   }
 

@@ -49,6 +49,14 @@ inline Game StartGame(PerTeam<int> players = {}) {
   return game;
 }
 
+// The start of a new game with every piece of White frozen: White has no move.
+inline Game WhiteFrozenStart(PerTeam<int> players = {}) {
+  Game game = StartGame(players);
+  for (Square& square : game.match.position.board.squares)
+    if (square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
+  return game;
+}
+
 // The real terrain with only the pieces written as the rule tests write
 // them ("WP 8,13 -KQ 8,4"), and no castle rights.
 inline Game Placed(int gameType, const std::string& pieces) {

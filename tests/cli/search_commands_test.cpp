@@ -15,10 +15,7 @@ class SearchCommands : public CliTest {
  protected:
   void SetUp() override {
     Put("start.txt", StartGame({kBalanced, kBalanced, kBalanced, kBalanced}));
-    Game frozen = StartGame({kBalanced, kBalanced, kBalanced, kBalanced});
-    for (Square& square : frozen.match.position.board.squares)
-      if (square.team == kWhite) square.piece = static_cast<std::int8_t>(-square.piece);
-    Put("frozen.txt", frozen);
+    Put("frozen.txt", WhiteFrozenStart({kBalanced, kBalanced, kBalanced, kBalanced}));
   }
 };
 

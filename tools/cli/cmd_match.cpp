@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -78,8 +77,7 @@ Settings ParseSettings(const Args& args) {
   settings.rule = ParseBetween(options.Value("rule", "1"), kKingdomGained, kKingdomFrozen, kUsage);
   settings.limits = ParseLimits(options, kUsage);
   if (options.Has("seed")) settings.seed = ParseInt(options.Value("seed"), kUsage);
-  settings.recordsDir = options.Value("records");
-  if (options.Has("records") && !std::filesystem::is_directory(settings.recordsDir)) Usage(kUsage);
+  settings.recordsDir = RecordsFolderOption(options, kUsage);
   return settings;
 }
 
@@ -180,7 +178,7 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
     ++moves;
   }
   if (!settings.recordsDir.empty())
-    WriteRecordFile(game, settings.recordsDir + "/game-" + std::to_string(g + 1) + ".vrec");
+    WriteRecordFile(game, GameRecordPath(settings.recordsDir, g + 1));
 
   GameResult result;
   const bool won = position.Finished();

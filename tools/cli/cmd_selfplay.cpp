@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <sstream>
 
 #include "cli.h"
@@ -70,8 +69,7 @@ Settings ParseSettings(const Args& args) {
   if (options.Has("max-rounds"))
     settings.maxRounds = ParseBetween(options.Value("max-rounds"), 1, 1000000, kUsage);
   if (options.Has("levels")) settings.levels = ParseSeatLevels(options.Value("levels"), kUsage);
-  settings.recordsDir = options.Value("records");
-  if (options.Has("records") && !std::filesystem::is_directory(settings.recordsDir)) Usage(kUsage);
+  settings.recordsDir = RecordsFolderOption(options, kUsage);
   return settings;
 }
 
@@ -136,8 +134,7 @@ int CmdSelfplay(const Args& args) {
     const long long gameSeed = static_cast<long long>(settings.seed) + g - 1;
     const NewGameChoice choice = ChoiceFor(settings, static_cast<std::uint64_t>(gameSeed));
     const std::string recordPath =
-        settings.recordsDir.empty() ? std::string()
-                                    : settings.recordsDir + "/game-" + std::to_string(g) + ".vrec";
+        settings.recordsDir.empty() ? std::string() : GameRecordPath(settings.recordsDir, g);
     const Result result = PlayGame(outside, choice, static_cast<std::uint64_t>(gameSeed),
                                    settings.maxRounds, recordPath);
     std::printf(

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
@@ -80,6 +81,16 @@ void WriteRecordFile(const Match& match, const std::string& path) {
   const std::string text = RecordText(record, standard ? &*standard : nullptr, path);
   std::ofstream file(path, std::ios::binary);
   if (!(file << text)) BadInput("varkesh-cli: cannot write " + path);
+}
+
+std::string RecordsFolderOption(const Options& options, const std::string& usageLine) {
+  const std::string folder = options.Value("records");
+  if (options.Has("records") && !std::filesystem::is_directory(folder)) Usage(usageLine);
+  return folder;
+}
+
+std::string GameRecordPath(const std::string& folder, int game) {
+  return folder + "/game-" + std::to_string(game) + ".vrec";
 }
 
 }  // namespace varkesh::cli

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "cli.h"
 #include "core/match.h"
 #include "persist/record_text.h"
 
@@ -23,5 +24,10 @@ std::string RecordText(const GameRecord& game, const Board* standardStart, const
 // Writes the record of a game played here, dated today; a file that cannot
 // be written is a bad input.
 void WriteRecordFile(const Match& match, const std::string& path);
+
+// The folder given with --records, which must exist; empty when none is.
+std::string RecordsFolderOption(const Options& options, const std::string& usageLine);
+// Where game G's record goes in folder: folder/game-G.vrec.
+std::string GameRecordPath(const std::string& folder, int game);
 
 }  // namespace varkesh::cli
