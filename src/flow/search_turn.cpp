@@ -8,6 +8,7 @@
 
 #include "ai/search/levels.h"
 #include "ai/search/option_line.h"
+#include "ai/search/zobrist.h"
 
 namespace varkesh {
 
@@ -29,7 +30,8 @@ SearchedMove SearchComputerMove(const Game& game, Outside& outside, int level, i
   const Position position = game.match.position;
   search::SearchLimits master;
   master.movetimeMs = outside.ThinkingTimeMs();
-  const search::SearchSettings settings = LevelSettings(level, personality, master);
+  search::SearchSettings settings = LevelSettings(level, personality, master);
+  settings.seenKeys = search::RecordKeys(game.match.record);
   std::atomic<bool> stop{false};
   std::atomic<bool> done{false};
   std::atomic<int> depth{0};

@@ -8,6 +8,7 @@
 #include "ai/search/search.h"
 #include "ai/search/zobrist.h"
 #include "core/apply_move.h"
+#include "core/match.h"
 #include "core/new_game_data.h"
 #include "core/rules.h"
 #include "engine/random.h"
@@ -87,6 +88,25 @@ TEST(SearchRulesTest, NodeLimitHolds) {
   EXPECT_GE(result.depth, 1);
 }
 
+// A move back to where the game already stood is charged, so that a side
+// with moves of about equal worth tries a new one rather than going round
+// in circles.
+TEST(SearchRulesTest, AvoidsAPositionTheGameHasStoodIn) {
+  const Position position = StartPosition(kAlliedNeighbors);
+  search::SearchSettings settings = LevelSettings(kLevelMaster, kBalanced, {4, 0, 0});
+  search::Searcher searcher(1);
+  const search::SearchResult first = searcher.Think(position, settings);
+  ASSERT_TRUE(first.found);
+  Position after = position;
+  ApplyMove(after, first.best);
+  settings.seenKeys = {search::PositionKey(after)};
+  searcher.ClearTable();
+  const search::SearchResult second = searcher.Think(position, settings);
+  ASSERT_TRUE(second.found);
+  EXPECT_FALSE(second.best == first.best);
+  EXPECT_GE(second.score, first.score - 50) << "the next best move is about as good";
+}
+
 TEST(SearchKeysTest, KeysFollowTheParts) {
   const Position start = StartPosition(kAlliedNeighbors);
   const std::uint64_t key = search::PositionKey(start);
@@ -114,6 +134,18 @@ TEST(SearchKeysTest, KeysFollowTheParts) {
   Position other = start;
   ApplyMove(other, moves[1]);
   EXPECT_NE(search::PositionKey(other), afterFirst);
+
+  // A record's keys run from its start to where the game stands.
+  Match game{{}, start, {}};
+  game.BeginRecord();
+  PlayMove(game, moves[0]);
+  ListBranches(game.position, moves);
+  PlayMove(game, moves[0]);
+  const std::vector<std::uint64_t> keys = search::RecordKeys(game.record);
+  ASSERT_EQ(keys.size(), 3u);
+  EXPECT_EQ(keys[0], key);
+  EXPECT_EQ(keys[1], afterFirst);
+  EXPECT_EQ(keys[2], search::PositionKey(game.position));
 }
 
 TEST(LevelsTest, NamesAndNumbers) {

@@ -14,6 +14,7 @@
 
 #include "ai/choice_ladder.h"
 #include "ai/search/levels.h"
+#include "ai/search/zobrist.h"
 #include "cli.h"
 #include "core/apply_move.h"
 #include "core/resign.h"
@@ -117,17 +118,20 @@ class Player {
       : level_(level), limits_(settings.limits), searcher_(kTableMegabytes) {}
 
   // The move of the team on turn; false when it has none.
-  bool Choose(const Position& position, const Setup& setup, Random& random, Move& move) {
+  bool Choose(const Match& game, Random& random, Move& move) {
+    const Position& position = game.position;
     if (level_ == kLevelClassic) {
       AiMoveList moves;
       ThinkingOutside thinking(outside_);
-      const AiChoice choice = ChooseAImove(position, setup, moves, random, thinking, kBalanced);
+      const AiChoice choice =
+          ChooseAImove(position, game.setup, moves, random, thinking, kBalanced);
       if (choice.index == 0) return false;
       move = ChosenMove(moves, choice);
       return true;
     }
-    const search::SearchResult result =
-        searcher_.Think(position, LevelSettings(level_, kBalanced, limits_));
+    search::SearchSettings settings = LevelSettings(level_, kBalanced, limits_);
+    settings.seenKeys = search::RecordKeys(game.record);
+    const search::SearchResult result = searcher_.Think(position, settings);
     move = result.best;
     return result.found;
   }
@@ -165,7 +169,7 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
   while (!position.Finished() && position.roundNumber <= kMaxRounds) {
     Move move;
     Player& player = *players[static_cast<std::size_t>(position.currentTeam - 1)];
-    if (!player.Choose(position, setup, random, move)) {
+    if (!player.Choose(game, random, move)) {
       // A seat with no move gives up, as the computer does in a game.
       const std::vector<int> offers = ConcedeOffers(position);
       const int concede =

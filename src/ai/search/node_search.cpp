@@ -20,6 +20,10 @@ constexpr int kLateMoveDepth = 3;
 constexpr int kQuietsKept = 64;
 // What a root move that takes back the team's own last move is charged.
 constexpr int kReversalCost = 30;
+// A line that comes back to a position the game has already stood in ends
+// there, judged as it stands less this charge to the root's side: going
+// round in circles gets the team on turn nowhere, so new ground is tried.
+constexpr int kRepetitionCost = 50;
 // The first and second moves are searched in full, the later quiet ones shallower.
 constexpr int kFirstReducedMove = 2;
 constexpr double kReductionBase = 0.75;
@@ -57,7 +61,10 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
       table_(table),
       stop_(stop),
       frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
-      start_(Clock::now()) {}
+      start_(Clock::now()),
+      seen_(settings.seenKeys) {
+  std::sort(seen_.begin(), seen_.end());
+}
 
 double NodeSearch::Seconds() const {
   return std::chrono::duration<double>(Clock::now() - start_).count();
@@ -176,12 +183,20 @@ int NodeSearch::ReversalCost(const Move& move, int team) const {
   return 0;
 }
 
-// A position met before on the way here: going round in a circle gains
-// nothing, so it scores as even, which the side ahead avoids.
+// A position met before on the way here: a circle comes back to where it
+// was, and is judged as it stands.
 bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
   for (int earlier = ply - 2; earlier >= 0; --earlier)
     if (pathKeys_[static_cast<std::size_t>(earlier)] == key) return true;
   return false;
+}
+
+bool NodeSearch::SeenInGame(std::uint64_t key) const {
+  return std::binary_search(seen_.begin(), seen_.end(), key);
+}
+
+int NodeSearch::ScoreSeenAgain() const {
+  return StaticEval() + (SideToMove() == 0 ? -kRepetitionCost : kRepetitionCost);
 }
 
 // Passing the turn: if the other side still cannot bring the score under
@@ -215,7 +230,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
 
   const std::uint64_t key = PositionKey(pos_);
   pathKeys_[static_cast<std::size_t>(ply)] = key;
-  if (ply > 0 && RepeatsOnPath(ply, key)) return 0;
+  if (ply > 0 && RepeatsOnPath(ply, key)) return StaticEval();
+  if (ply > 0 && SeenInGame(key)) return ScoreSeenAgain();
   Move tableMove;
   if (const TableEntry* entry = table_.Probe(key)) {
     tableMove = entry->move;

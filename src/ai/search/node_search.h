@@ -75,6 +75,8 @@ class NodeSearch {
   bool SideKingAttacked(int side) const;
   void UpdatePv(int ply, const Move& move);
   bool RepeatsOnPath(int ply, std::uint64_t key) const;
+  bool SeenInGame(std::uint64_t key) const;
+  int ScoreSeenAgain() const;
   int ReversalCost(const Move& move, int team) const;
 
   Position pos_;
@@ -97,6 +99,7 @@ class NodeSearch {
   Move rootBest_;
   Move previousBest_;
   int rootScore_ = 0;
+  std::vector<std::uint64_t> seen_;  // the game's earlier positions, sorted
 };
 
 }  // namespace varkesh::search

@@ -30,6 +30,9 @@ struct SearchSettings {
   SearchLimits limits;
   bool nullMove = true;
   bool reductions = true;
+  // Positions the game has already passed through: reaching one again in
+  // the tree is no progress.
+  std::vector<std::uint64_t> seenKeys;
 };
 
 // What one finished depth found, for a progress line.

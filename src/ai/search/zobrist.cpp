@@ -93,4 +93,13 @@ std::uint64_t PositionKey(const Position& position) {
   return key;
 }
 
+std::vector<std::uint64_t> RecordKeys(const Record& record) {
+  Position position = record.start;
+  std::vector<std::uint64_t> keys{PositionKey(position)};
+  keys.reserve(record.events.size() + 1);
+  for (const RecordEvent& event : record.events)
+    if (PlayEvent(position, event)) keys.push_back(PositionKey(position));
+  return keys;
+}
+
 }  // namespace varkesh::search
