@@ -26,7 +26,6 @@ int CountText(const std::string& text, const std::string& part) {
 
 class Guard : public NetTable {
  protected:
-  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
   // A client speaking the wire by hand, joined under name.
   std::unique_ptr<RawClient> RawJoin(const std::string& name, bool extended = false) {
     auto raw = std::make_unique<RawClient>(network.AddEndpoint());
@@ -35,11 +34,6 @@ class Guard : public NetTable {
     raw->Send("GMNI}" + name);
     network.Pump();
     return raw;
-  }
-  void Tick(Peer& peer, double seconds) {
-    peer.outside.clock += seconds;
-    peer.link.OnTick();
-    network.Pump();
   }
 };
 
