@@ -17,13 +17,6 @@ int Count(const std::vector<std::string>& messages, const std::string& prefix) {
   return count;
 }
 
-int CountText(const std::string& text, const std::string& part) {
-  int count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-    ++count;
-  return count;
-}
-
 class Guard : public NetTable {
  protected:
   // A client speaking the wire by hand, joined under name.
@@ -264,7 +257,7 @@ TEST_F(Guard, AFloodOfBadMessagesFillsNeitherTheQueueNorTheLog) {
   network.Pump();
   EXPECT_EQ(host->session.gameQueue.size(), net::kMaxQueuedMessages);
   for (int pass = 0; pass < 300; ++pass) host->Pass();
-  EXPECT_LE(CountText(Log(), "--------------------"), 100);
+  EXPECT_LE(Occurrences(Log(), "--------------------"), 100);
 }
 
 }  // namespace

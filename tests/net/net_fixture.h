@@ -193,8 +193,11 @@ class NetTable : public ::testing::Test {
     for (auto& client : clients)
       EXPECT_EQ(WriteGameText(client->game.match.position, client->game.match.setup), hostText)
           << client->game.net.localPlayerName;
-    for (auto& plain : plains)
-      if (plain->connected()) EXPECT_EQ(plain->Text(), hostText) << "node " << plain->myNode;
+    for (auto& plain : plains) {
+      if (plain->connected()) {
+        EXPECT_EQ(plain->Text(), hostText) << "node " << plain->myNode;
+      }
+    }
   }
   void Tick(Peer& peer, double seconds) {
     peer.outside.clock += seconds;

@@ -271,11 +271,7 @@ TEST_F(PlainTable, ConnectionsThatNeverNameThemselvesAreClosedAfterFifteenSecond
   Tick(*host, 1.0);
   Tick(*host, 1.0);
   EXPECT_EQ(open(), 0);
-  std::size_t blocks = 0;
-  for (std::size_t at = Log().find("sent no name"); at != std::string::npos;
-       at = Log().find("sent no name", at + 1))
-    ++blocks;
-  EXPECT_EQ(blocks, static_cast<std::size_t>(net::kMaxClients)) << "once each";
+  EXPECT_EQ(Occurrences(Log(), "sent no name"), net::kMaxClients) << "once each";
   for (const std::string& line : host->view.lines)
     EXPECT_EQ(line.find("disconnected"), std::string::npos) << "counted nowhere";
 

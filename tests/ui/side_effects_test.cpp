@@ -12,13 +12,6 @@ namespace {
 
 using test::RunningProgram;
 
-std::size_t Occurrences(const std::string& text, const std::string& what) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
-    ++count;
-  return count;
-}
-
 TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillComplete) {
   RunningProgram run;
   ASSERT_TRUE(run.Started());
@@ -48,7 +41,7 @@ TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillCompl
   EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the click leaves the title";
   EXPECT_EQ(boxes, 0);
   const std::string log = testing::FileText(run.folder() + "error_main.log");
-  EXPECT_EQ(Occurrences(log, "Sub = LoadTitle\r\n"), 1u) << log;
+  EXPECT_EQ(testing::Occurrences(log, "Sub = LoadTitle\r\n"), 1) << log;
 }
 
 }  // namespace
