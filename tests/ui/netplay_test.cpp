@@ -212,8 +212,7 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
     for (int team : {kBlue, kBlack}) {
       ASSERT_TRUE(host.WaitFor(ModeChoosePiece, team));
       const Match before = host.game().match;
-      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().view.moveablePieces[1]));
-      host.ClickSquare(host.game().turn.moveToX, host.game().turn.moveToY, Qt::RightButton);
+      ASSERT_TRUE(host.PlayByClicks(host.game().view.moveablePieces[1]));
       ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host) && SameBoards(cy, host); }));
       if (round > 0 || team != kBlue) continue;
       // The host takes back its own move by itself, and plays again.
@@ -224,17 +223,14 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
       ASSERT_TRUE(bo.WaitFor([&] { return bo.game().match.position == before.position; }));
       EXPECT_EQ(bo.game().match.record, before.record);
       ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
-      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().view.moveablePieces[1]));
-      host.ClickSquare(host.game().turn.moveToX, host.game().turn.moveToY, Qt::RightButton);
+      ASSERT_TRUE(host.PlayByClicks(host.game().view.moveablePieces[1]));
       ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host) && SameBoards(cy, host); }));
     }
     ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kRed));
-    ASSERT_NO_FATAL_FAILURE(Select(cy, cy.game().view.moveablePieces[1]));
-    cy.ClickSquare(cy.game().turn.moveToX, cy.game().turn.moveToY, Qt::RightButton);
+    ASSERT_TRUE(cy.PlayByClicks(cy.game().view.moveablePieces[1]));
     ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
     if (round < 2) {
-      ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().view.moveablePieces[1]));
-      bo.ClickSquare(bo.game().turn.moveToX, bo.game().turn.moveToY, Qt::RightButton);
+      ASSERT_TRUE(bo.PlayByClicks(bo.game().view.moveablePieces[1]));
     }
   }
 
