@@ -31,6 +31,13 @@ class CliTest : public ::testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileText(Path("out.txt")),
             FileText(Path("err.txt"))};
   }
+  // Refused: the exit code, exactly this error output, and nothing else.
+  void ExpectRefused(const std::string& arguments, int code, const std::string& err) const {
+    const CliRun run = Cli(arguments);
+    EXPECT_EQ(run.code, code) << arguments;
+    EXPECT_EQ(run.err, err) << arguments;
+    EXPECT_EQ(run.out, "") << arguments;
+  }
   std::string Path(const std::string& name) const { return folder_.File(name); }
   void Put(const std::string& name, const Game& game) const {
     PutFile(Path(name), WriteGameText(game.match.position, game.match.setup));

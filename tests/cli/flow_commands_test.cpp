@@ -132,12 +132,7 @@ TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
       {"decode", 2, "usage: varkesh-cli decode FILE.vsh\n"},
       {"encode game.txt", 2, "usage: varkesh-cli encode FILE OUT.vsh\n"},
   };
-  for (const auto& refusal : refusals) {
-    const CliRun run = Cli(refusal.arguments);
-    EXPECT_EQ(run.code, refusal.code) << refusal.arguments;
-    EXPECT_EQ(run.err, refusal.err) << refusal.arguments;
-    EXPECT_EQ(run.out, "") << refusal.arguments;
-  }
+  for (const auto& refusal : refusals) ExpectRefused(refusal.arguments, refusal.code, refusal.err);
   EXPECT_FALSE(std::filesystem::exists(Path("bad.vsh")));
 }
 

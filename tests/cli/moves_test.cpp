@@ -26,12 +26,8 @@ TEST_F(MovesCommand, WrongArgumentsAndFilesThatCannotBeRead) {
            {"a b", 2, "usage: varkesh-cli moves FILE\n"},
            {"missing.txt", 1, "varkesh-cli: missing.txt: Cannot open the file 'missing.txt'\n"},
            {"bad.txt", 1, "varkesh-cli: bad.txt: line 2: expected 2 fields, found 1\n"},
-       }) {
-    const CliRun run = Cli(std::string("moves ") + arguments);
-    EXPECT_EQ(run.code, code) << arguments;
-    EXPECT_EQ(run.err, err) << arguments;
-    EXPECT_EQ(run.out, "") << arguments;
-  }
+       })
+    ExpectRefused(std::string("moves ") + arguments, code, err);
 }
 
 }  // namespace

@@ -93,12 +93,8 @@ TEST_F(PerftCommand, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
            {"missing.txt x", 2, kUsage},  // the arguments before the file
            {"missing.txt 1", 1, "varkesh-cli: missing.txt: Cannot open the file 'missing.txt'\n"},
            {"bad.txt 1 --divide", 1, "varkesh-cli: bad.txt: line 2: expected 2 fields, found 1\n"},
-       }) {
-    const CliRun run = Cli(std::string("perft ") + arguments);
-    EXPECT_EQ(run.code, code) << arguments;
-    EXPECT_EQ(run.err, err) << arguments;
-    EXPECT_EQ(run.out, "") << arguments;
-  }
+       })
+    ExpectRefused(std::string("perft ") + arguments, code, err);
 }
 
 }  // namespace

@@ -13,9 +13,8 @@ struct EventRecorder : TransportEvents {
   // Every event but data, as "accepted 1", "connected 1", "closed 1" or
   // "error 0 0" (connection and number).
   std::vector<std::string> log;
-  // The bytes of each connection, and the pieces they came in.
+  // The bytes of each connection.
   std::map<ConnectionId, std::string> received;
-  std::map<ConnectionId, std::vector<std::string>> pieces;
   ConnectionId lastAccepted = 0;
   ConnectionId lastConnected = 0;
   std::string lastErrorText;
@@ -30,7 +29,6 @@ struct EventRecorder : TransportEvents {
   }
   void OnData(ConnectionId connection, std::string_view bytes) override {
     received[connection].append(bytes);
-    pieces[connection].emplace_back(bytes);
   }
   void OnClosed(ConnectionId connection) override {
     log.push_back("closed " + std::to_string(connection));

@@ -17,16 +17,8 @@ int Count(const std::vector<std::string>& messages, const std::string& prefix) {
   return count;
 }
 
-int CountText(const std::string& text, const std::string& part) {
-  int count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-    ++count;
-  return count;
-}
-
 class Guard : public NetTable {
  protected:
-  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
   // A client speaking the wire by hand, joined under name.
   std::unique_ptr<RawClient> RawJoin(const std::string& name, bool extended = false) {
     auto raw = std::make_unique<RawClient>(network.AddEndpoint());
@@ -35,11 +27,6 @@ class Guard : public NetTable {
     raw->Send("GMNI}" + name);
     network.Pump();
     return raw;
-  }
-  void Tick(Peer& peer, double seconds) {
-    peer.outside.clock += seconds;
-    peer.link.OnTick();
-    network.Pump();
   }
 };
 
@@ -270,7 +257,7 @@ TEST_F(Guard, AFloodOfBadMessagesFillsNeitherTheQueueNorTheLog) {
   network.Pump();
   EXPECT_EQ(host->session.gameQueue.size(), net::kMaxQueuedMessages);
   for (int pass = 0; pass < 300; ++pass) host->Pass();
-  EXPECT_LE(CountText(Log(), "--------------------"), 100);
+  EXPECT_LE(Occurrences(Log(), "--------------------"), 100);
 }
 
 }  // namespace

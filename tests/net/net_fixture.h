@@ -13,6 +13,7 @@
 #include "flow/save_load.h"
 #include "net/fake_network.h"
 #include "net/node.h"
+#include "net/plain_peer.h"
 #include "net/wire.h"
 #include "persist/game_text.h"
 #include "persist/temp_folder.h"
@@ -175,6 +176,35 @@ class NetTable : public ::testing::Test {
     for (auto& client : clients)
       EXPECT_EQ(client->Text(), host->Text()) << client->game.net.localPlayerName;
   }
+
+  // Peers that follow only the protocol, joined by the fixture.
+  std::vector<std::unique_ptr<PlainPeer>> plains;
+  PlainPeer& PlainJoin(const std::string& name, const std::string& address = "127.0.0.1",
+                       bool answersGreeting = true) {
+    plains.push_back(std::make_unique<PlainPeer>(network.AddEndpoint(address), folder.Slashed(),
+                                                 name, kTablePort));
+    plains.back()->answersGreeting = answersGreeting;
+    network.Pump();
+    return *plains.back();
+  }
+  // Every node's game is the host's, without the marks of each board.
+  void ExpectSameEverywhere() {
+    const std::string hostText = WriteGameText(host->game.match.position, host->game.match.setup);
+    for (auto& client : clients)
+      EXPECT_EQ(WriteGameText(client->game.match.position, client->game.match.setup), hostText)
+          << client->game.net.localPlayerName;
+    for (auto& plain : plains) {
+      if (plain->connected()) {
+        EXPECT_EQ(plain->Text(), hostText) << "node " << plain->myNode;
+      }
+    }
+  }
+  void Tick(Peer& peer, double seconds) {
+    peer.outside.clock += seconds;
+    peer.link.OnTick();
+    network.Pump();
+  }
+  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
 };
 
 }  // namespace varkesh::testing

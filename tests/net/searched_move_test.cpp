@@ -5,7 +5,6 @@
 #include "ai/search_fixture.h"
 #include "core/apply_move.h"
 #include "net/net_fixture.h"
-#include "net/plain_peer.h"
 
 namespace varkesh::testing {
 namespace {
@@ -33,14 +32,6 @@ Position RaidPosition(int keepPiece, bool queenHeld) {
 
 class SearchedMoveTable : public NetTable {
  protected:
-  std::vector<std::unique_ptr<PlainPeer>> plains;
-
-  PlainPeer& PlainJoin(const std::string& name) {
-    plains.push_back(
-        std::make_unique<PlainPeer>(network.AddEndpoint(), folder.Slashed(), name, kTablePort));
-    network.Pump();
-    return *plains.back();
-  }
   // The host takes the position as a loaded game, White a Master seat.
   void SendPosition(const Position& position) {
     varkesh::Setup setup = host->game.match.setup;
@@ -50,16 +41,6 @@ class SearchedMoveTable : public NetTable {
     host->link.TellGameStarted(host->game, true);
     network.Pump();
   }
-  std::string HostText() const {
-    return WriteGameText(host->game.match.position, host->game.match.setup);
-  }
-  void ExpectSameEverywhere() {
-    for (auto& client : clients)
-      EXPECT_EQ(WriteGameText(client->game.match.position, client->game.match.setup), HostText())
-          << client->game.net.localPlayerName;
-    for (auto& plain : plains) EXPECT_EQ(plain->Text(), HostText()) << "node " << plain->myNode;
-  }
-  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
 };
 
 TEST_F(SearchedMoveTable, EveryNodePlaysTheOptionTheSearchChose) {

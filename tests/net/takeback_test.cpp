@@ -4,9 +4,7 @@
 #include "flow/takeback.h"
 #include "net/extension.h"
 #include "net/net_fixture.h"
-#include "net/plain_peer.h"
 #include "net/sending.h"
-#include "persist/game_text.h"
 #include "support/first_move.h"
 
 namespace varkesh::testing {
@@ -14,18 +12,15 @@ namespace {
 
 class SessionTakeback : public NetTable {
  protected:
-  std::unique_ptr<PlainPeer> pat;
+  PlainPeer* pat = nullptr;
   TakebackState redo;
-
-  std::string Log() const { return FileText(folder.File("error_netplay.log")); }
 
   // Bob (ours) plays White, the computer Blue, Ann (the host) Black and Red;
   // Pat follows only the plain protocol and watches.
   Peer& SitDown() {
     StartGame(kAnarchy, {kHuman, kBalanced, kHuman, kHuman});
     Peer& bob = Join("Bob");
-    pat = std::make_unique<PlainPeer>(network.AddEndpoint(), folder.Slashed(), "Pat", kTablePort);
-    network.Pump();
+    pat = &PlainJoin("Pat");
     net::AssignSeat(host->node, kWhite, bob.game.net.myNodeId);
     Settle();
     return bob;
@@ -62,7 +57,7 @@ class SessionTakeback : public NetTable {
   // it where the others are.
   void ExpectAllAlike() {
     ExpectOursAlike();
-    EXPECT_EQ(pat->Text(), WriteGameText(host->game.match.position, host->game.match.setup));
+    ExpectSameEverywhere();
   }
 };
 

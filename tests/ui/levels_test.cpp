@@ -10,18 +10,14 @@
 #include <QTimer>
 
 #include "ui/record_commands.h"
+#include "ui_controls.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
 namespace {
 
+using test::Child;
 using test::RunningProgram;
-
-QComboBox& Box(QWidget& dialog, const char* name) {
-  auto* box = dialog.findChild<QComboBox*>(name);
-  if (box == nullptr) throw std::runtime_error(std::string("no control ") + name);
-  return *box;
-}
 
 // Opens the new game dialog, lets choose act on it, and starts the game.
 void NewGame(RunningProgram& run, const std::function<void(QWidget&)>& choose) {
@@ -38,12 +34,12 @@ TEST(SeatLevels, TheDialogGivesThemToTheGameAndASavedGameKeepsThem) {
   ASSERT_TRUE(run.Started());
   const PerTeam<int> chosen = {kLevelClassic, kLevelExpert, kLevelClassic, kLevelMaster};
   NewGame(run, [](QWidget& dialog) {
-    EXPECT_FALSE(Box(dialog, "cmbLevel1").isEnabled()) << "a human seat has no level";
-    Box(dialog, "cmbPlayer1").setCurrentIndex(kBalanced);
-    EXPECT_TRUE(Box(dialog, "cmbLevel1").isEnabled());
-    Box(dialog, "cmbLevel1").setCurrentIndex(kLevelExpert - kLevelClassic);
-    Box(dialog, "cmbPlayer3").setCurrentIndex(kDefensive);
-    Box(dialog, "cmbLevel3").setCurrentIndex(kLevelMaster - kLevelClassic);
+    EXPECT_FALSE(Child<QComboBox>(dialog, "cmbLevel1").isEnabled()) << "a human seat has no level";
+    Child<QComboBox>(dialog, "cmbPlayer1").setCurrentIndex(kBalanced);
+    EXPECT_TRUE(Child<QComboBox>(dialog, "cmbLevel1").isEnabled());
+    Child<QComboBox>(dialog, "cmbLevel1").setCurrentIndex(kLevelExpert - kLevelClassic);
+    Child<QComboBox>(dialog, "cmbPlayer3").setCurrentIndex(kDefensive);
+    Child<QComboBox>(dialog, "cmbLevel3").setCurrentIndex(kLevelMaster - kLevelClassic);
   });
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
   EXPECT_EQ(run.game().match.setup.levels, chosen);
@@ -57,9 +53,9 @@ TEST(SeatLevels, TheDialogGivesThemToTheGameAndASavedGameKeepsThem) {
 
   // The next dialog shows the last game's levels; this game plays Club.
   NewGame(run, [](QWidget& dialog) {
-    EXPECT_EQ(Box(dialog, "cmbLevel1").currentText(), "Expert");
-    EXPECT_EQ(Box(dialog, "cmbLevel3").currentText(), "Master");
-    Box(dialog, "cmbLevel1").setCurrentIndex(kLevelClub - kLevelClassic);
+    EXPECT_EQ(Child<QComboBox>(dialog, "cmbLevel1").currentText(), "Expert");
+    EXPECT_EQ(Child<QComboBox>(dialog, "cmbLevel3").currentText(), "Master");
+    Child<QComboBox>(dialog, "cmbLevel1").setCurrentIndex(kLevelClub - kLevelClassic);
   });
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
   EXPECT_EQ(run.game().match.setup.levels[1], kLevelClub);
@@ -76,13 +72,13 @@ TEST(SeatLevels, TheWindowAnswersWhileTheMasterThinksAndANewGameStopsIt) {
   RunningProgram run({}, false, true, {{"ThinkingTime", "10000"}});
   ASSERT_TRUE(run.Started());
   NewGame(run, [](QWidget& dialog) {
-    Box(dialog, "cmbPlayer0").setCurrentIndex(kAggressive);
-    Box(dialog, "cmbLevel0").setCurrentIndex(kLevelMaster - kLevelClassic);
+    Child<QComboBox>(dialog, "cmbPlayer0").setCurrentIndex(kAggressive);
+    Child<QComboBox>(dialog, "cmbLevel0").setCurrentIndex(kLevelMaster - kLevelClassic);
   });
   bool movedFirst = true;
   const auto answer = test::WhenModalOpens([&](QWidget& dialog) {
     movedFirst = !run.game().match.record.events.empty();
-    Box(dialog, "cmbPlayer0").setCurrentIndex(kHuman);
+    Child<QComboBox>(dialog, "cmbPlayer0").setCurrentIndex(kHuman);
     QTest::mouseClick(dialog.findChild<QAbstractButton*>("cmdStart"), Qt::LeftButton);
   });
   // The search holds the main loop's pass, so what the player does while it

@@ -1,6 +1,6 @@
 // NetPlay between whole programs in one process, joined over a loopback
-// port: the connect dialog, seats, a move played by clicks on a client,
-// chat both ways, a seat taken over by the computer mid-selection, a boot
+// port: the connect dialog, seats, a move played by clicks on a client and
+// taken back, chat both ways, a seat taken over by the computer mid-selection, a boot
 // and the closing question. Under VARKESH_SCREENSHOTS it also takes the
 // pictures of the documentation.
 #include <QAction>
@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QTcpServer>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -85,6 +86,10 @@ bool HistoryShows(RunningProgram& run, const QString& line) {
 bool SameBoards(RunningProgram& a, RunningProgram& b) {
   return a.game().match.position.board.squares == b.game().match.position.board.squares &&
          a.game().match.position.currentTeam == b.game().match.position.currentTeam;
+}
+
+QAction& TakeBackEntry(RunningProgram& run) {
+  return *run.window().findChild<QAction*>("mnuGameTakeBack");
 }
 
 // Selects a piece and its first destination on this program's board.
@@ -171,35 +176,61 @@ TEST(NetPlay, AHostAndTwoClientsPlayChatTradeSeatsAndPart) {
   EXPECT_TRUE(host.WaitFor([&] { return host.game().view.bottomTeam == kBlue; }));
 
   // Bo plays White by clicks; the host and Cy see it.
-  const Board before = host.game().match.position.board;
-  bo.ClickSquare(7, 14);
-  ASSERT_TRUE(bo.WaitFor(ModeChooseDestination));
-  ASSERT_TRUE(host.WaitFor(ModeChooseDestination)) << "the selection is mirrored";
-  bo.ClickSquare(6, 12);
-  ASSERT_TRUE(bo.WaitFor(ModeConfirmMove));
-  bo.ClickSquare(6, 12, Qt::RightButton);
-  ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
-  EXPECT_EQ(host.game().match.position.board.at(6, 12).piece, kKnight);
-  EXPECT_EQ(host.game().match.position.board.at(6, 12).team, kWhite);
-  EXPECT_NE(host.game().match.position.board.squares, before.squares);
-  ASSERT_TRUE(cy.WaitFor([&] { return SameBoards(cy, host); }));
+  const Match whitesTurn = host.game().match;
+  const auto boPlaysTheKnight = [&] {
+    bo.ClickSquare(7, 14);
+    ASSERT_TRUE(bo.WaitFor(ModeChooseDestination));
+    ASSERT_TRUE(host.WaitFor(ModeChooseDestination)) << "the selection is mirrored";
+    bo.ClickSquare(6, 12);
+    ASSERT_TRUE(bo.WaitFor(ModeConfirmMove));
+    bo.ClickSquare(6, 12, Qt::RightButton);
+    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
+    EXPECT_EQ(host.game().match.position.board.at(6, 12).piece, kKnight);
+    EXPECT_EQ(host.game().match.position.board.at(6, 12).team, kWhite);
+    ASSERT_TRUE(cy.WaitFor([&] { return SameBoards(cy, host); }));
+  };
+  ASSERT_NO_FATAL_FAILURE(boPlaysTheKnight());
+
+  // Bo alone may take his move back, once Ada allows it; no redo in a session.
+  EXPECT_TRUE(bo.WaitFor([&] { return TakeBackEntry(bo).isEnabled(); }));
+  EXPECT_FALSE(TakeBackEntry(host).isEnabled());
+  {
+    const auto allow = test::AnswerQuestion("Take Back Move?", QMessageBox::Yes);
+    TakeBackEntry(bo).trigger();
+    ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kWhite));
+  }
+  EXPECT_EQ(host.game().match.position, whitesTurn.position);
+  ASSERT_TRUE(bo.WaitFor([&] { return bo.game().match.position == whitesTurn.position; }));
+  EXPECT_EQ(bo.game().match.record, whitesTurn.record);
+  ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
+  EXPECT_FALSE(bo.window().findChild<QAction*>("mnuGameRedo")->isEnabled());
+  ASSERT_NO_FATAL_FAILURE(boPlaysTheKnight());
   Shoot(host.window(), "netplay-board");
 
   // The host plays Blue and Black, Cy plays Red, Bo White, a few rounds.
   for (int round = 0; round < 3; ++round) {
     for (int team : {kBlue, kBlack}) {
       ASSERT_TRUE(host.WaitFor(ModeChoosePiece, team));
-      ASSERT_NO_FATAL_FAILURE(Select(host, host.game().view.moveablePieces[1]));
-      host.ClickSquare(host.game().turn.moveToX, host.game().turn.moveToY, Qt::RightButton);
+      const Match before = host.game().match;
+      ASSERT_TRUE(host.PlayByClicks(host.game().view.moveablePieces[1]));
+      ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host) && SameBoards(cy, host); }));
+      if (round > 0 || team != kBlue) continue;
+      // The host takes back its own move by itself, and plays again.
+      ASSERT_TRUE(host.WaitFor([&] { return TakeBackEntry(host).isEnabled(); }));
+      EXPECT_TRUE(bo.WaitFor([&] { return !TakeBackEntry(bo).isEnabled(); }));
+      TakeBackEntry(host).trigger();
+      EXPECT_EQ(host.game().match.position, before.position);
+      ASSERT_TRUE(bo.WaitFor([&] { return bo.game().match.position == before.position; }));
+      EXPECT_EQ(bo.game().match.record, before.record);
+      ASSERT_TRUE(host.WaitFor(ModeChoosePiece, kBlue));
+      ASSERT_TRUE(host.PlayByClicks(host.game().view.moveablePieces[1]));
       ASSERT_TRUE(bo.WaitFor([&] { return SameBoards(bo, host) && SameBoards(cy, host); }));
     }
     ASSERT_TRUE(cy.WaitFor(ModeChoosePiece, kRed));
-    ASSERT_NO_FATAL_FAILURE(Select(cy, cy.game().view.moveablePieces[1]));
-    cy.ClickSquare(cy.game().turn.moveToX, cy.game().turn.moveToY, Qt::RightButton);
+    ASSERT_TRUE(cy.PlayByClicks(cy.game().view.moveablePieces[1]));
     ASSERT_TRUE(bo.WaitFor(ModeChoosePiece, kWhite));
     if (round < 2) {
-      ASSERT_NO_FATAL_FAILURE(Select(bo, bo.game().view.moveablePieces[1]));
-      bo.ClickSquare(bo.game().turn.moveToX, bo.game().turn.moveToY, Qt::RightButton);
+      ASSERT_TRUE(bo.PlayByClicks(bo.game().view.moveablePieces[1]));
     }
   }
 

@@ -3,28 +3,14 @@
 #include <QAction>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
+#include "persist/temp_folder.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
 namespace {
 
 using test::RunningProgram;
-
-std::string FileText(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-std::size_t Occurrences(const std::string& text, const std::string& what) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
-    ++count;
-  return count;
-}
 
 TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillComplete) {
   RunningProgram run;
@@ -44,12 +30,7 @@ TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillCompl
       false);
   ASSERT_TRUE(run.window().IsMenuChecked(Menu::OptionsSfx));
   const BoardSquare from = game.view.moveablePieces[1];
-  run.ClickSquare(from.x, from.y);
-  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  const BoardSquare to = game.view.moveablePieces[1];
-  run.ClickSquare(to.x, to.y);
-  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-  run.ClickSquare(to.x, to.y, Qt::RightButton);
+  ASSERT_TRUE(run.PlayByClicks(from));
   EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the turn passed without the sound";
   EXPECT_EQ(game.match.position.board.at(from.x, from.y).piece, kNoPiece);
 
@@ -59,8 +40,8 @@ TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillCompl
   run.ClickSquare(8, 8);
   EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the click leaves the title";
   EXPECT_EQ(boxes, 0);
-  const std::string log = FileText(run.folder() + "error_main.log");
-  EXPECT_EQ(Occurrences(log, "Sub = LoadTitle\r\n"), 1u) << log;
+  const std::string log = testing::FileText(run.folder() + "error_main.log");
+  EXPECT_EQ(testing::Occurrences(log, "Sub = LoadTitle\r\n"), 1) << log;
 }
 
 }  // namespace

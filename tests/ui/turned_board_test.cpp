@@ -54,15 +54,6 @@ TEST(BoardTurn, MineIsTheLocalSeatInNetPlayAndTheHumanOnTurnAtHome) {
   EXPECT_EQ(BottomTeamFor(game, TurnChoice::White), kWhite) << "a choice of the player stands";
 }
 
-// The middle of the square (x, y) of the game where the view shows it now.
-QPoint DrawnCentre(RunningProgram& run, int x, int y) {
-  ViewWidget& view = run.window().view();
-  const SquarePoint drawn = DrawnSquare(x, y, run.game().view.bottomTeam);
-  const double unit = view.contentsRect().width() / 600.0;
-  return view.contentsRect().topLeft() + QPoint(static_cast<int>((3 + 35 * drawn.x + 17.5) * unit),
-                                                static_cast<int>((3 + 35 * drawn.y + 17.5) * unit));
-}
-
 QRgb ScreenPixel(RunningProgram& run, QPoint at) {
   ViewWidget& view = run.window().view();
   const QImage& screen = run.program().gdi->ScreenImage(run.program().mainView);
@@ -101,7 +92,7 @@ TEST(TurnedBoard, AClickOnTheDrawnSquareOfAPieceSelectsItAtEachTurnAndScale) {
       ASSERT_TRUE(run.WaitFor([&] { return game.view.bottomTeam == i + 1; }, 3000));
       QTest::qWait(50);  // drawn and shown
       // The White Knight at (7, 14) is what the screen shows under the click.
-      const QPoint at = DrawnCentre(run, 7, 14);
+      const QPoint at = run.SquareCentre(7, 14);
       EXPECT_NEAR(qGray(ScreenPixel(run, at)), qGray(KnightCentre(run)), 40);
       QTest::mouseClick(&run.window().view(), Qt::LeftButton, {}, at);
       ASSERT_TRUE(run.WaitFor(ModeChooseDestination));

@@ -113,16 +113,18 @@ class RunningProgram {
   SettingsStore& settings() { return *program_.settings; }
   const std::string& folder() const { return folder_; }
 
-  // A click in the middle of a square of the game where the board shows it,
-  // turned and scaled as it is.
-  void ClickSquare(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+  // The middle of a square of the game where the board shows it, turned and
+  // scaled as it is, in the view's coordinates.
+  QPoint SquareCentre(int x, int y) {
     ViewWidget& view = window().view();
     const SquarePoint drawn = DrawnSquare(x, y, game().view.bottomTeam);
     const double unit = view.contentsRect().width() / 600.0;
-    QTest::mouseClick(
-        &view, button, {},
-        view.contentsRect().topLeft() + QPoint(static_cast<int>((drawn.x * 35 + 17) * unit),
-                                               static_cast<int>((drawn.y * 35 + 17) * unit)));
+    return view.contentsRect().topLeft() +
+           QPoint(static_cast<int>((3 + 35 * drawn.x + 17.5) * unit),
+                  static_cast<int>((3 + 35 * drawn.y + 17.5) * unit));
+  }
+  void ClickSquare(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(&window().view(), button, {}, SquareCentre(x, y));
   }
   // A click on the title and Start in the New Game dialog, its players first
   // chosen by choose when given; true once it is White's turn to choose.
