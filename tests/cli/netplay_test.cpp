@@ -45,7 +45,7 @@ bool ComputerPlays(NodeProcess& host, int team) {
   return false;
 }
 
-TEST_F(NetPlayProcessTest, AHostOurClientAndAPlainPeerPlayAWholeGameThatEndsAlikeEverywhere) {
+TEST_F(NetPlayProcessTest, AHostAndTwoOfOurClientsPlayAWholeGameThatEndsAlikeEverywhere) {
   auto host = StartHost(port_, "Hosty", folder_.Slashed());
   ASSERT_TRUE(host);
   // Anarchy under Kingdom Lost: the last team standing wins.
