@@ -61,9 +61,8 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
       table_(table),
       stop_(stop),
       frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
-      start_(Clock::now()),
-      seen_(settings.seenKeys) {
-  std::sort(seen_.begin(), seen_.end());
+      start_(Clock::now()) {
+  std::sort(settings_.seenKeys.begin(), settings_.seenKeys.end());
 }
 
 double NodeSearch::Seconds() const {
@@ -192,7 +191,8 @@ bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
 }
 
 bool NodeSearch::SeenInGame(std::uint64_t key) const {
-  return std::binary_search(seen_.begin(), seen_.end(), key);
+  const std::vector<std::uint64_t>& seen = settings_.seenKeys;  // sorted
+  return std::binary_search(seen.begin(), seen.end(), key);
 }
 
 int NodeSearch::ScoreSeenAgain() const {

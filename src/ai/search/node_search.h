@@ -99,7 +99,6 @@ class NodeSearch {
   Move rootBest_;
   Move previousBest_;
   int rootScore_ = 0;
-  std::vector<std::uint64_t> seen_;  // the game's earlier positions, sorted
 };
 
 }  // namespace varkesh::search
