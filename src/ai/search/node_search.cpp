@@ -231,8 +231,8 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
   const std::uint64_t key = PositionKey(pos_);
   pathKeys_[static_cast<std::size_t>(ply)] = key;
   if (ply > 0 && RepeatsOnPath(ply, key)) return StaticEval();
-  // In Anarchy, though, waiting while the three others wear each other
-  // down is a plan of its own, and a lone team is not pushed off it.
+  // Old ground is charged only where two alliances face each other: in
+  // Anarchy waiting while the three others wear each other down is a plan.
   if (ply > 0 && !sides_.PoolsReplies() && SeenInGame(key)) return ScoreSeenAgain();
   Move tableMove;
   if (const TableEntry* entry = table_.Probe(key)) {
