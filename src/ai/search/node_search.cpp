@@ -182,14 +182,6 @@ int NodeSearch::ReversalCost(const Move& move, int team) const {
   return 0;
 }
 
-// A position met before on the way here: a circle comes back to where it
-// was, and is judged as it stands.
-bool NodeSearch::RepeatsOnPath(int ply, std::uint64_t key) const {
-  for (int earlier = ply - 2; earlier >= 0; --earlier)
-    if (pathKeys_[static_cast<std::size_t>(earlier)] == key) return true;
-  return false;
-}
-
 bool NodeSearch::SeenInGame(std::uint64_t key) const {
   const std::vector<std::uint64_t>& seen = settings_.seenKeys;  // sorted
   return std::binary_search(seen.begin(), seen.end(), key);
@@ -229,8 +221,6 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
   if (ply >= kMaxPly - 1) return StaticEval();
 
   const std::uint64_t key = PositionKey(pos_);
-  pathKeys_[static_cast<std::size_t>(ply)] = key;
-  if (ply > 0 && RepeatsOnPath(ply, key)) return StaticEval();
   // Old ground is charged only where two alliances face each other: in
   // Anarchy waiting while the three others wear each other down is a plan.
   if (ply > 0 && !sides_.PoolsReplies() && SeenInGame(key)) return ScoreSeenAgain();

@@ -74,7 +74,6 @@ class NodeSearch {
   bool TryNullMove(int depth, int ply, int beta, int& score);
   bool SideKingAttacked(int side) const;
   void UpdatePv(int ply, const Move& move);
-  bool RepeatsOnPath(int ply, std::uint64_t key) const;
   bool SeenInGame(std::uint64_t key) const;
   int ScoreSeenAgain() const;
   int ReversalCost(const Move& move, int team) const;
@@ -92,7 +91,6 @@ class NodeSearch {
   std::array<Killers, kMaxPly + 1> killers_{};
   std::array<std::array<Move, kMaxPly + 1>, kMaxPly + 1> pv_{};
   std::array<int, kMaxPly + 1> pvLength_{};
-  std::array<std::uint64_t, kMaxPly + 1> pathKeys_{};
   // Whether the node about to be entered follows a move of its own side.
   bool afterAlly_ = false;
   bool rootHasBest_ = false;
