@@ -62,6 +62,9 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
       stop_(stop),
       frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
       start_(Clock::now()) {
+  // Old ground is charged only where two alliances face each other: in
+  // Anarchy waiting while the three others wear each other down is a plan.
+  if (sides_.PoolsReplies()) settings_.seenKeys.clear();
   std::sort(settings_.seenKeys.begin(), settings_.seenKeys.end());
 }
 
@@ -221,9 +224,7 @@ int NodeSearch::Search(int depth, int ply, int alpha, int beta, bool pv, bool al
   if (ply >= kMaxPly - 1) return StaticEval();
 
   const std::uint64_t key = PositionKey(pos_);
-  // Old ground is charged only where two alliances face each other: in
-  // Anarchy waiting while the three others wear each other down is a plan.
-  if (ply > 0 && !sides_.PoolsReplies() && SeenInGame(key)) return ScoreSeenAgain();
+  if (ply > 0 && SeenInGame(key)) return ScoreSeenAgain();
   Move tableMove;
   if (const TableEntry* entry = table_.Probe(key)) {
     tableMove = entry->move;
