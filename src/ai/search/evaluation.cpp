@@ -206,6 +206,16 @@ int PieceValue(int personality, int piece) {
   return AiValue(personality, kCaptureValue, piece);
 }
 
+int PiecesWorth(const Position& position, int team, int personality) {
+  if (team < kWhite || team > kRed) return 0;
+  int worth = 0;
+  position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
+    const int piece = position.board.squares[static_cast<std::size_t>(index)].piece;
+    if (piece != kKing) worth += PieceValue(personality, piece);
+  });
+  return worth;
+}
+
 int Evaluate(const Position& position, const Sides& sides, const EvalWeights& weights) {
   std::array<int, kTeamCount> team{};
   std::array<TeamTally, kTeamCount> tallies{};

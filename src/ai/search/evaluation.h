@@ -38,5 +38,7 @@ int Evaluate(const Position& position, const Sides& sides, const EvalWeights& we
 
 // The value of a live piece kind by the personality, for ordering captures.
 int PieceValue(int personality, int piece);
+// The value of all the team's live pieces but its King by the personality.
+int PiecesWorth(const Position& position, int team, int personality);
 
 }  // namespace varkesh::search

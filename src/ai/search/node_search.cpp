@@ -50,6 +50,16 @@ int Reduction(int depth, int i) {
                     [static_cast<std::size_t>(std::clamp(i, 0, kMaxMoves - 1))];
 }
 
+// The team's pieces are worth more than those of every other standing team.
+bool LeadsTheField(const Position& position, int team, int personality) {
+  const int mine = PiecesWorth(position, team, personality);
+  for (int t = kWhite; t <= kRed; ++t)
+    if (t != team && !TeamEntry(position.kingdomFallen, t) &&
+        PiecesWorth(position, t, personality) >= mine)
+      return false;
+  return true;
+}
+
 }  // namespace
 
 NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
@@ -62,9 +72,11 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
       stop_(stop),
       frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
       start_(Clock::now()) {
-  // Old ground is charged only where two alliances face each other: in
-  // Anarchy waiting while the three others wear each other down is a plan.
-  if (sides_.PoolsReplies()) settings_.seenKeys.clear();
+  // Old ground is charged where two alliances face each other. In Anarchy
+  // waiting while the others wear each other down is a plan, and so is
+  // holding on when behind; only the strongest team has to press on.
+  if (sides_.PoolsReplies() && !LeadsTheField(position, sides_.rootTeam, settings.personality))
+    settings_.seenKeys.clear();
   std::sort(settings_.seenKeys.begin(), settings_.seenKeys.end());
 }
 
