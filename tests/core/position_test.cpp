@@ -8,6 +8,17 @@ namespace {
 
 using test::Place;
 
+// The pairs themselves show in the counts of the rule tests; here, the edges.
+TEST(Alliance, NoTeamIsItsOwnAllyAndNoValueOutsideTheTeamsIsAnyonesAlly) {
+  for (int gameType : {kAlliedNeighbors, kCrossroadAllies}) {
+    for (int team = -1; team <= 5; ++team) {
+      EXPECT_FALSE(IsAlly(gameType, team, team)) << "type " << gameType << " team " << team;
+      EXPECT_FALSE(IsAlly(gameType, team, 5) || IsAlly(gameType, -1, team))
+          << "type " << gameType << " team " << team;
+    }
+  }
+}
+
 TEST(LackOfMaterial, LivePawnsCountOneOtherPiecesTwoTheKingNothingBelowFiveLacks) {
   const std::string pawns = " WP 6,13 WP 7,13 WP 8,13 WK 8,15 KQ 8,8";
   EXPECT_TRUE(LackOfMaterial(Place(kAnarchy, "WP 5,13" + pawns), kWhite));   // 4
