@@ -15,11 +15,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto kPollPause = std::chrono::milliseconds(20);
 
-Clock::time_point After(double seconds) {
-  return Clock::now() +
-         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
-}
-
 // Polls until the test holds, the time runs out or one of the nodes is
 // broken.
 template <class Test>
@@ -56,13 +51,6 @@ bool ReachesTurn(NodeProcess& node, int key, double seconds) {
   return PollUntil(seconds, {&node}, [&] {
     auto game = node.ShownGame();
     return game && TurnKey(*game) == key;
-  });
-}
-
-bool LeavesTurn(NodeProcess& node, int key, double seconds) {
-  return PollUntil(seconds, {&node}, [&] {
-    auto game = node.ShownGame();
-    return game && TurnKey(*game) != key;
   });
 }
 
@@ -109,7 +97,10 @@ bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command)
   } else {
     mover.Send(command);
   }
-  return LeavesTurn(host, key);
+  return PollUntil(kNodeWaitSeconds, {&host}, [&] {
+    auto shown = host.ShownGame();
+    return shown && TurnKey(*shown) != key;
+  });
 }
 
 std::unique_ptr<NodeProcess> StartHost(int port, const std::string& name,

@@ -26,7 +26,6 @@ std::optional<PlannedMove> FirstLegalMove(const Game& shown);
 int TurnKey(const Game& game);
 
 bool ReachesTurn(NodeProcess& node, int key, double seconds = kNodeWaitSeconds);
-bool LeavesTurn(NodeProcess& node, int key, double seconds = kNodeWaitSeconds);
 // Polls until both show the same game text: empty then, else the first line
 // that differs.
 std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds = kNodeWaitSeconds);

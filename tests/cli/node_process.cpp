@@ -22,11 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-Clock::time_point After(double seconds) {
-  return Clock::now() +
-         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
-}
-
 constexpr std::size_t kSeenLineChars = 200;
 
 // What a node says, once a session, when it has written a NetPlay error to

@@ -20,6 +20,13 @@ namespace varkesh::testing {
 // command within milliseconds; the margin is for a machine busy with builds.
 inline constexpr double kNodeWaitSeconds = 5.0;
 
+// The moment that many seconds from now.
+inline std::chrono::steady_clock::time_point After(double seconds) {
+  return std::chrono::steady_clock::now() +
+         std::chrono::duration_cast<std::chrono::steady_clock::duration>(
+             std::chrono::duration<double>(seconds));
+}
+
 // A TCP port on the loopback that nothing listens on just now.
 int FreeLoopbackPort();
 

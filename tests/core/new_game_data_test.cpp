@@ -1,7 +1,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "core/piece_moves.h"
 #include "rules_fixture.h"
 
 namespace varkesh {
@@ -50,34 +49,6 @@ TEST(LoadNewGameData, AMalformedRecordNamesItsLine) {
   EXPECT_EQ(Load(board, "WP,6,13\n\"WP,6,13\n"), "newgamedata line 2: unclosed quote");
   EXPECT_EQ(Load(board, "\"WP\"x,6,13\n"), "newgamedata line 1: text after a closing quote");
   EXPECT_THROW(LoadNewGameDataFile("/nonexistent/newgamedata.txt"), std::runtime_error);
-}
-
-TEST(StartPosition, SixteenPiecesATeamInItsOwnRealmEachTeamTurnedAQuarterFurther) {
-  const Board board = LoadNewGameDataFile(std::string(VARKESH_PACK_DIR) + "/newgamedata.txt");
-  int live = 0, whiteKings = 0;
-  for (int y = 0; y < kBoardSide; ++y) {
-    for (int x = 0; x < kBoardSide; ++x) {
-      const Square& square = board.at(x, y);
-      if (square.piece == kNoPiece && square.team == kNoTeam) continue;
-      ++live;
-      whiteKings += square.team == kWhite && square.piece == kKing;
-      EXPECT_TRUE(square.piece >= kPawn && square.piece <= kKing) << x << "," << y;
-      EXPECT_EQ(square.realm, square.team) << x << "," << y;
-      EXPECT_EQ(square.terrain, square.piece == kPawn ? kMoat : kKeep) << x << "," << y;
-      const Square& turned = board.at(16 - y, x);  // a quarter turn clockwise
-      EXPECT_EQ(turned.piece, square.piece) << x << "," << y;
-      EXPECT_EQ(turned.team, square.team % kTeamCount + 1) << x << "," << y;
-    }
-  }
-  EXPECT_EQ(live, 64);
-  EXPECT_EQ(whiteKings, 1);
-  EXPECT_EQ(board.at(7, 14).piece, kKnight);
-  EXPECT_EQ(board.at(9, 15).piece, kKnight);
-  for (int team = kWhite; team <= kRed; ++team) {
-    BoardSquare corner = CastleCorner(team);
-    EXPECT_EQ(board.at(corner.x, corner.y).team, team);
-    EXPECT_EQ(board.at(corner.x, corner.y).piece, kCastlePawn);
-  }
 }
 
 }  // namespace

@@ -131,19 +131,6 @@ TEST_F(GameCommandsTest, AFailedLoadLeavesTheRunningGameAndReports) {
   EXPECT_TRUE(NoScratchLeft());
 }
 
-TEST_F(GameCommandsTest, AGameAtTheLastRoundPlaysOnAndStaysLoadable) {
-  Game last = SampleGame();
-  last.match.position.roundNumber = kHighestRound;
-  last.match.position.currentTeam = kRed;
-  last.match.position.kingdomFallen = {};
-  PassTurn(last.match.position);
-  EXPECT_EQ(last.match.position.currentTeam, kWhite);
-  EXPECT_EQ(last.match.position.roundNumber, kHighestRound);
-  LoadGame(game, outside, Saved(last));
-  EXPECT_FALSE(outside.faultReported);
-  EXPECT_EQ(Pos().roundNumber, kHighestRound);
-}
-
 TEST_F(GameCommandsTest, ASaveCutOffBeforeTheRenameKeepsTheOldFile) {
   const std::string path = Saved(SampleGame());
   Game other = SampleGame();

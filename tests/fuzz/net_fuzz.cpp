@@ -23,10 +23,6 @@ void Quieten(ScriptedOutside& outside) {
   outside.SetMenuChecked(Menu::OptionsSfx, false);
 }
 
-std::string Number(int value) {
-  return std::to_string(value);
-}
-
 }  // namespace
 
 const Game& GameUnderWay() {
@@ -128,8 +124,10 @@ std::vector<TurnMessages> LegalTurns(int turns) {
     if (moves.Empty()) break;
     // Different pieces on different turns, so that the seeds are not all pawns.
     const varkesh::Move move = moves[(turn * 7) % moves.Count()];
-    const std::string from = Number(move.fromX) + net::kFieldSeparator + Number(move.fromY);
-    const std::string to = Number(move.toX) + net::kFieldSeparator + Number(move.toY);
+    const std::string from =
+        std::to_string(move.fromX) + net::kFieldSeparator + std::to_string(move.fromY);
+    const std::string to =
+        std::to_string(move.toX) + net::kFieldSeparator + std::to_string(move.toY);
     TurnMessages turnTold{game.match.position.currentTeam,
                           {"GUPM}" + from + net::kFieldSeparator + "0" + net::kFieldSeparator + "0",
                            "GUGS}2", "GUPM}" + from + net::kFieldSeparator + to, "GUGS}3"}};

@@ -1,20 +1,14 @@
 #include "net/fake_network.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace varkesh::net {
 
 namespace {
 
-constexpr int kHighestPort = 65535;
 // A test whose endpoints keep answering each other forever fails instead of
 // hanging the run.
 constexpr int kMostDeliveries = 10'000'000;
-
-bool IsLoopbackName(const std::string& host) {
-  return host == "localhost" || host == "127.0.0.1" || host == "::1";
-}
 
 }  // namespace
 
@@ -22,10 +16,6 @@ FakeTransport::FakeTransport(FakeNetwork& network, int index, std::string addres
     : network_(network), index_(index), address_(std::move(address)) {}
 
 bool FakeTransport::Listen(int port, std::string& error) {
-  if (port < 1 || port > kHighestPort) {
-    error = "The port " + std::to_string(port) + " is out of range";
-    return false;
-  }
   auto& listeners = network_.listeners_;
   const auto taken = listeners.find(port);
   if (taken != listeners.end() && taken->second != index_) {
@@ -37,8 +27,8 @@ bool FakeTransport::Listen(int port, std::string& error) {
   return true;
 }
 
-void FakeTransport::Connect(const std::string& host, int port) {
-  network_.Queue({FakeNetwork::Kind::kConnect, {index_, 0}, host, port, closeCount_});
+void FakeTransport::Connect(const std::string&, int port) {
+  network_.Queue({FakeNetwork::Kind::kConnect, {index_, 0}, port, closeCount_});
 }
 
 void FakeTransport::Send(ConnectionId connection, std::string_view bytes) {
@@ -144,28 +134,16 @@ void FakeNetwork::QueueService(const EndKey& key) {
   const auto end = ends_.find(key);
   if (end == ends_.end() || end->second.serviceQueued) return;
   end->second.serviceQueued = true;
-  queue_.push_back({Kind::kService, key, {}, 0, 0});
+  queue_.push_back({Kind::kService, key, 0, 0});
 }
 
 void FakeNetwork::DeliverConnect(const Delivery& delivery) {
   const int clientIndex = delivery.end.first;
   FakeTransport* client = Endpoint(clientIndex);
   if (delivery.closeCount != client->closeCount_) return;
-  TransportEvents* clientEvents = client->Events();
-
-  const bool known = IsLoopbackName(delivery.host) ||
-                     std::any_of(endpoints_.begin(), endpoints_.end(), [&](const auto& endpoint) {
-                       return endpoint->address_ == delivery.host;
-                     });
-  if (!known) {
-    if (clientEvents != nullptr) {
-      clientEvents->OnError(0, kFakeHostNotFound, "Host " + delivery.host + " not found");
-    }
-    return;
-  }
   const auto listener = listeners_.find(delivery.port);
-  if (listener == listeners_.end() || !Reaches(delivery.host, listener->second)) {
-    if (clientEvents != nullptr)
+  if (listener == listeners_.end()) {
+    if (TransportEvents* clientEvents = client->Events())
       clientEvents->OnError(0, kFakeConnectionRefused, "Connection refused");
     return;
   }
@@ -177,7 +155,7 @@ void FakeNetwork::DeliverConnect(const Delivery& delivery) {
   ends_[hostEnd].peer = clientEnd;
   // Queued before the host hears of it, so that the client knows its
   // connection before anything the host sends on it arrives.
-  Queue({Kind::kConnected, clientEnd, {}, 0, 0});
+  Queue({Kind::kConnected, clientEnd, 0, 0});
   if (TransportEvents* hostEvents = EventsOf(hostIndex)) hostEvents->OnAccepted(hostEnd.second);
 }
 
@@ -225,10 +203,6 @@ FakeTransport* FakeNetwork::Endpoint(int index) const {
 
 TransportEvents* FakeNetwork::EventsOf(int index) const {
   return Endpoint(index)->Events();
-}
-
-bool FakeNetwork::Reaches(const std::string& host, int index) const {
-  return IsLoopbackName(host) || Endpoint(index)->address_ == host;
 }
 
 }  // namespace varkesh::net

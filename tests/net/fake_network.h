@@ -17,7 +17,6 @@ namespace varkesh::net {
 
 // The numbers QtTransport reports for the same failures.
 inline constexpr int kFakeConnectionRefused = 0;
-inline constexpr int kFakeHostNotFound = 2;
 inline constexpr int kFakeNetworkError = 7;
 
 class FakeNetwork;
@@ -51,15 +50,13 @@ class FakeNetwork {
   FakeNetwork(const FakeNetwork&) = delete;
   FakeNetwork& operator=(const FakeNetwork&) = delete;
 
-  // A new endpoint, reachable by its address; "localhost", "127.0.0.1" and
-  // "::1" reach every endpoint, since they all share one set of ports.
+  // A new endpoint with its address. Every host name reaches every endpoint,
+  // as the loopback does: they all share one set of ports.
   FakeTransport& AddEndpoint(const std::string& address = "127.0.0.1");
 
   // Delivers everything pending, including what the deliveries cause, until
   // the network is quiet; returns the number of deliveries.
   int Pump();
-  // One delivery; false when nothing was pending.
-  bool PumpOne();
 
   // The connection fails at once: bytes on the way are lost, and both ends
   // hear an error followed by the close.
@@ -86,11 +83,12 @@ class FakeNetwork {
   struct Delivery {
     Kind kind;
     EndKey end;  // kConnect: the connecting endpoint, and no connection
-    std::string host;
     int port = 0;
     int closeCount = 0;
   };
 
+  // One delivery; false when nothing was pending.
+  bool PumpOne();
   void Queue(Delivery delivery);
   void QueueService(const EndKey& key);
   void DeliverConnect(const Delivery& delivery);
@@ -99,7 +97,6 @@ class FakeNetwork {
   void CloseEnd(const EndKey& key);
   FakeTransport* Endpoint(int index) const;
   TransportEvents* EventsOf(int index) const;
-  bool Reaches(const std::string& host, int index) const;
 
   std::vector<std::unique_ptr<FakeTransport>> endpoints_;
   std::map<int, int> listeners_;  // port to endpoint index

@@ -11,12 +11,6 @@ std::string Selection(int fromX, int fromY, int toX, int toY) {
   return net::NumberMessage("GUPM", {fromX, fromY, toX, toY});
 }
 
-int Count(const std::vector<std::string>& messages, const std::string& prefix) {
-  int count = 0;
-  for (const std::string& message : messages) count += message.rfind(prefix, 0) == 0;
-  return count;
-}
-
 class Guard : public NetTable {
  protected:
   // A client speaking the wire by hand, joined under name.

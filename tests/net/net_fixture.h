@@ -24,7 +24,6 @@ namespace varkesh::testing {
 // What the NetPlay window would show.
 struct RecordingView : net::NetView {
   std::vector<std::string> lines;  // each chat line without its line end
-  std::vector<std::vector<net::ChatRun>> runs;
   std::vector<net::NodeLine> nodeLines;
   PerTeam<std::string> captions;
   bool chatEnabled = false;
@@ -35,7 +34,6 @@ struct RecordingView : net::NetView {
     for (const net::ChatRun& run : added) line += run.text;
     if (line.size() >= 2) line.resize(line.size() - 2);
     lines.push_back(line);
-    runs.push_back(added);
   }
   void SetNodeList(const std::vector<net::NodeLine>& list, int) override { nodeLines = list; }
   void SetSeatCaptions(const PerTeam<std::string>& seats) override { captions = seats; }
@@ -136,8 +134,8 @@ class NetTable : public ::testing::Test {
   }
 
   // The host starts a game of four human seats, all the host's at first.
-  void StartGame(int gameType = kAnarchy, PerTeam<int> players = {}) {
-    NewGameChoice choice{true, gameType, kKingdomLost, players, "Table"};
+  void StartGame(int gameType = kAnarchy, PerTeam<int> players = {}, int rule = kKingdomLost) {
+    NewGameChoice choice{true, gameType, rule, players, "Table"};
     host->outside.newGameChoices.push_back(choice);
     NewGameCommand(host->game, host->outside);
     network.Pump();

@@ -9,6 +9,9 @@
 
 namespace varkesh::testing {
 
+namespace {
+
+// Latin-1 bytes as UTF-8.
 std::string Utf8OfLatin1(std::string_view bytes) {
   std::string text;
   for (const char byte : bytes) {
@@ -23,22 +26,7 @@ std::string Utf8OfLatin1(std::string_view bytes) {
   return text;
 }
 
-std::string Latin1OfUtf8(std::string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const unsigned char c = static_cast<unsigned char>(text[i]);
-    if (c < 0x80) {
-      bytes += text[i];
-    } else if ((c & 0xE0) == 0xC0 && i + 1 < text.size()) {
-      const unsigned code = ((c & 0x1Fu) << 6) | (static_cast<unsigned char>(text[++i]) & 0x3Fu);
-      bytes += code <= 0xFF ? static_cast<char>(code) : '?';
-    } else {
-      bytes += '?';
-      while (i + 1 < text.size() && (static_cast<unsigned char>(text[i + 1]) & 0xC0) == 0x80) ++i;
-    }
-  }
-  return bytes;
-}
+}  // namespace
 
 PlainPeer::PlainPeer(net::FakeTransport& endpoint, const std::string& folder, std::string name,
                      int port)
@@ -64,7 +52,7 @@ std::string PlainPeer::Text() const {
   return WriteGameText(game.match.position, game.match.setup);
 }
 
-int PlainPeer::Count(const std::string& prefix) const {
+int Count(const std::vector<std::string>& messages, const std::string& prefix) {
   int count = 0;
   for (const std::string& message : messages) count += message.rfind(prefix, 0) == 0;
   return count;

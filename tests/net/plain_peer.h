@@ -14,6 +14,9 @@
 
 namespace varkesh::testing {
 
+// How many of the messages begin with prefix.
+int Count(const std::vector<std::string>& messages, const std::string& prefix);
+
 class PlainPeer : public net::TransportEvents {
  public:
   // name is sent as it is: one byte a character.
@@ -42,7 +45,7 @@ class PlainPeer : public net::TransportEvents {
   void MoveAs(int fromX, int fromY, int toX, int toY, int kind = 0, int argA = 0, int argB = 0);
   // Its game without the marks of the board.
   std::string Text() const;
-  int Count(const std::string& prefix) const;
+  int Count(const std::string& prefix) const { return testing::Count(messages, prefix); }
 
   void OnAccepted(net::ConnectionId) override {}
   void OnConnected(net::ConnectionId connection) override { connection_ = connection; }
@@ -59,9 +62,5 @@ class PlainPeer : public net::TransportEvents {
   std::string buffer_;
   std::string name_;
 };
-
-// Latin-1 bytes as UTF-8, and back (a character above U+00FF as "?").
-std::string Utf8OfLatin1(std::string_view bytes);
-std::string Latin1OfUtf8(std::string_view text);
 
 }  // namespace varkesh::testing

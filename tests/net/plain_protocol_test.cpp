@@ -58,9 +58,7 @@ std::optional<LostPawnMove> PlaceLostPawn(Position& position) {
 class PlainTable : public NetTable {
  protected:
   void StartWith(int rule, PerTeam<int> players = {}) {
-    host->outside.newGameChoices.push_back({true, kAnarchy, rule, players, "Table"});
-    NewGameCommand(host->game, host->outside);
-    network.Pump();
+    StartGame(kAnarchy, players, rule);
     Settle();
   }
   // The host's game changed by hand and sent to everyone as a loaded one.

@@ -16,10 +16,6 @@ namespace {
 
 using test::RunningProgram;
 
-void Shoot(RunningProgram& run, const char* name) {
-  test::Shoot(run.window(), name);
-}
-
 // White human; Blue, Black and Red computers; from the title.
 void StartAgainstComputers(RunningProgram& run) {
   ASSERT_TRUE(run.WaitFor([&run] { return run.game().turn.titleLoaded; }));
@@ -39,12 +35,6 @@ void PlayRound(RunningProgram& run) {
   ASSERT_TRUE(run.PlayByClicks({move.fromX, move.fromY}, BoardSquare{move.toX, move.toY}));
   ASSERT_TRUE(run.WaitFor([&run] { return run.game().match.position.currentTeam != kWhite; }));
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-}
-
-void PressKeys(RunningProgram& run, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  run.window().activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&run.window()));
-  QTest::keyClick(&run.window(), key, modifiers);
 }
 
 // Which positions a takeback and a redo reach is the game logic's own
@@ -73,7 +63,7 @@ TEST(Takeback, TheMoveListStepsThroughTheGameAndKeysTakeBackAndRedo) {
                     list.visualItemRect(list.item(0, kBlue)).center());
   ASSERT_TRUE(list.Browsing());
   EXPECT_EQ(list.BrowsedPlies(), 2);
-  Shoot(run, "replay");
+  test::Shoot(run.window(), "replay");
   QTest::keyClick(&list, Qt::Key_Left);
   EXPECT_EQ(list.BrowsedPlies(), 1);
   QTest::keyClick(&list, Qt::Key_Home);
@@ -97,18 +87,18 @@ TEST(Takeback, TheMoveListStepsThroughTheGameAndKeysTakeBackAndRedo) {
   commands.Refresh();
   ASSERT_TRUE(commands.TakeBackAction().isEnabled());
   EXPECT_FALSE(commands.RedoAction().isEnabled());
-  Shoot(run, "move-list");
-  PressKeys(run, Qt::Key_Z, Qt::ControlModifier);
+  test::Shoot(run.window(), "move-list");
+  run.PressShortcut(Qt::Key_Z);
   EXPECT_EQ(game.match.position, whitesTurns[1]);
   EXPECT_EQ(game.turn.gameMode, ModeChoosePiece);
-  Shoot(run, "takeback");
+  test::Shoot(run.window(), "takeback");
   commands.Refresh();
   EXPECT_TRUE(commands.RedoAction().isEnabled());
-  PressKeys(run, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  run.PressShortcut(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(game.match.position, whitesTurns[2]);
   commands.Refresh();
   EXPECT_FALSE(commands.RedoAction().isEnabled());
-  for (int step = 0; step < 2; ++step) PressKeys(run, Qt::Key_Z, Qt::ControlModifier);
+  for (int step = 0; step < 2; ++step) run.PressShortcut(Qt::Key_Z);
   EXPECT_EQ(game.match.position, whitesTurns[0]);
   commands.Refresh();
   EXPECT_FALSE(commands.TakeBackAction().isEnabled());

@@ -147,10 +147,10 @@ class RunningProgram {
     ClickSquare(target.x, target.y, Qt::RightButton);
     return WaitFor([this] { return game().turn.gameMode != ModeConfirmMove; });
   }
-  void PressShortcut(Qt::Key key) {
+  void PressShortcut(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
     window().activateWindow();
     if (!QTest::qWaitForWindowActive(&window())) ADD_FAILURE() << "the window is not active";
-    QTest::keyClick(&window(), key, Qt::ControlModifier);
+    QTest::keyClick(&window(), key, modifiers);
   }
   bool WaitFor(const std::function<bool()>& done, int ms = 30000) {
     return QTest::qWaitFor(done, ms);
