@@ -115,13 +115,18 @@ void AcceptMove(Game& game, Outside& outside) {
 }
 
 void NetAcceptMove(Game& game, Outside& outside, int option) {
+  // A computer seat's move comes this way when the host's search chose a
+  // pawn option the computer's own rule would not: it stays the computer's.
+  const bool playersMove =
+      TeamEntry(game.match.setup.playerKinds, game.match.position.currentTeam) == kHuman;
   Guarded(outside, "frmMain", "NetAcceptMove", [&] {
     game.view.boardChanged = true;
     const MoveEffects effects = PlayMove(game.match, SelectedMove(game, option));
     PlayMoveSounds(outside, effects);
-    TellMaterialLoss(game, outside, effects, MaterialNotice::HumanOrNetwork);
+    TellMaterialLoss(game, outside, effects,
+                     playersMove ? MaterialNotice::HumanOrNetwork : MaterialNotice::HumanOnly);
     PlayPawnOptionSound(outside, effects);
-    FinishMove(game, outside, effects, true);
+    FinishMove(game, outside, effects, playersMove);
   });
   EventDone(game, outside);
 }

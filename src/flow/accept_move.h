@@ -12,7 +12,8 @@ namespace varkesh {
 // The move now selected (moveFromX ... moveToY) of the team on turn, made
 // by this machine's player: the pawn options dialog asks when they are due.
 void AcceptMove(Game& game, Outside& outside);
-// The move now selected, with its pawn option as another machine told it.
+// The move now selected, with its pawn option as another machine told it:
+// a player's move, or a computer's whose option its own rule would not pick.
 void NetAcceptMove(Game& game, Outside& outside, int option);
 // The computer's move now selected; its own rule picks the pawn option.
 // Every machine of a session plays it alike.

@@ -1,6 +1,7 @@
 // A human turn clicked through the loop's modes 1 to 3, and what the
 // confirmed move does: captures, the castle move, the fall of a kingdom and
 // the end of the game.
+#include "flow/accept_move.h"
 #include "core/fate.h"
 #include "core/labels.h"
 #include "flow_fixture.h"
@@ -205,6 +206,41 @@ INSTANTIATE_TEST_SUITE_P(
         KingdomFall{
             "LastEnemyLacks", kAnarchy, {kBlack, kRed}, kBlue, true, true, kWhite, kNoTeam}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// A move told by another machine that leaves Blue too little material. In a
+// session a player's move shows the box on every machine; a computer seat's
+// move (sent so when the host's search chose its own pawn option) shows it
+// only for a human victim and leaves a waiting click alone, as the
+// computer's moves do.
+TEST_F(HumanTurnTest, AMoveFromAnotherMachineTellsALackOfMaterialByWhoMadeIt) {
+  const struct {
+    const char* name;
+    int mover, victim;
+    bool box;
+  } cases[] = {{"player's move, computer victim", kHuman, kAggressive, true},
+               {"computer's move, computer victim", kBalanced, kAggressive, false},
+               {"computer's move, human victim", kBalanced, kHuman, true}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    PutArmies();
+    Put(8, 8, kWhite, kRook);
+    Put(2, 10, kNoTeam, kNoPiece);
+    Put(8, 10, kBlue, kPawn);
+    game.match.setup.playerKinds = {c.mover, c.victim, kHuman, kHuman};
+    game.net.netRole = kNetClient;
+    BeginTurn(kWhite);
+    outside.boxes.clear();
+    game.view.clickPending = true;
+    game.turn.moveFromX = 8;
+    game.turn.moveFromY = 8;
+    game.turn.moveToX = 8;
+    game.turn.moveToY = 10;
+    NetAcceptMove(game, outside, kOptionNone);
+    EXPECT_TRUE(Pos().kingdomFallen[kBlue - 1]);
+    EXPECT_EQ(outside.boxes.size(), c.box ? 1u : 0u);
+    EXPECT_EQ(game.view.clickPending, c.mover != kHuman);
+  }
+}
 
 }  // namespace
 }  // namespace varkesh::testing
