@@ -73,8 +73,12 @@ TEST_F(SearchCommands, MatchRotatesTheSidesScoresAndWritesRecords) {
     EXPECT_EQ(Cli(std::string("replay ") + name).code, 0) << name;
   }
 
+  // In Anarchy a game stops as a loss once A's seat has fallen, as the
+  // second one here does.
   const std::string anarchy = Cli("match --levels club,classic --games 2 --nodes 200 --type 3").out;
   EXPECT_TRUE(std::regex_search(anarchy, std::regex("^game 1 A White .*\ngame 2 A Blue ")))
+      << anarchy;
+  EXPECT_TRUE(std::regex_search(anarchy, std::regex("winner none result loss rounds \\d+ ")))
       << anarchy;
 }
 

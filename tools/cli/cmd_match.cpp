@@ -38,8 +38,8 @@ constexpr const char* kUsage =
     "  to game, and the games of one rotation open with the same random first round (seed S,\n"
     "  1 by default). The limits are the Master's (1 second a move by default); lower levels\n"
     "  take their share. A game still running after 300 rounds is a draw (in type 3 a fair\n"
-    "  share for A if it still stands). Two games run at once. With --records, game G's record\n"
-    "  goes to DIR/game-G.vrec.";
+    "  share for A); in type 3 a game is lost once A's seat has fallen. Two games run at once.\n"
+    "  With --records, game G's record goes to DIR/game-G.vrec.";
 
 constexpr int kMaxRounds = 300;
 constexpr int kOpeningPlies = 4;
@@ -165,8 +165,14 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
     game.setup.levels[static_cast<std::size_t>(team - 1)] = level;
     players.push_back(std::make_unique<Player>(level, settings));
   }
+  // The seats of A that still stand; once none does, A has lost, whoever goes on.
+  const auto aStands = [&] {
+    for (int team = kWhite; team <= kRed; ++team)
+      if ((teamsOfA >> team & 1u) != 0 && !TeamEntry(position.kingdomFallen, team)) return true;
+    return false;
+  };
   int moves = 0;
-  while (!position.Finished() && position.roundNumber <= kMaxRounds) {
+  while (!position.Finished() && aStands() && position.roundNumber <= kMaxRounds) {
     Move move;
     Player& player = *players[static_cast<std::size_t>(position.currentTeam - 1)];
     if (!player.Choose(game, random, move)) {
@@ -188,18 +194,14 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
   const bool won = position.Finished();
   const bool aWon = won && (teamsOfA >> position.winner & 1u) != 0;
   const char* outcome = "draw";
-  if (won) {
+  if (won || !aStands()) {
     result.points = aWon ? 1.0 : 0.0;
     outcome = aWon ? "win" : "loss";
   } else if (settings.gameType == kAnarchy) {
     int standing = 0;
-    bool aStands = false;
-    for (int team = kWhite; team <= kRed; ++team) {
-      if (TeamEntry(position.kingdomFallen, team)) continue;
-      ++standing;
-      aStands = aStands || (teamsOfA >> team & 1u) != 0;
-    }
-    result.points = aStands && standing > 0 ? 1.0 / standing : 0.0;
+    for (int team = kWhite; team <= kRed; ++team)
+      standing += TeamEntry(position.kingdomFallen, team) ? 0 : 1;
+    result.points = 1.0 / standing;
   } else {
     result.points = 0.5;
   }
