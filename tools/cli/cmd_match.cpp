@@ -165,7 +165,7 @@ GameResult PlayGame(const Settings& settings, const Position& start, const Setup
     game.setup.levels[static_cast<std::size_t>(team - 1)] = level;
     players.push_back(std::make_unique<Player>(level, settings));
   }
-  // The seats of A that still stand; once none does, A has lost, whoever goes on.
+  // Whether a seat of A still stands: once none does, A has lost, whoever plays on.
   const auto aStands = [&] {
     for (int team = kWhite; team <= kRed; ++team)
       if ((teamsOfA >> team & 1u) != 0 && !TeamEntry(position.kingdomFallen, team)) return true;
