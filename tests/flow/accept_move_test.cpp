@@ -220,12 +220,12 @@ TEST_F(HumanTurnTest, AMoveFromAnotherMachineTellsALackOfMaterialByWhoMadeIt) {
   } cases[] = {{"player's move, computer victim", kHuman, kAggressive, true},
                {"computer's move, computer victim", kBalanced, kAggressive, false},
                {"computer's move, human victim", kBalanced, kHuman, true}};
+  Put(2, 10, kNoTeam, kNoPiece);
+  Put(8, 10, kBlue, kPawn);
+  const Game before = game;
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    PutArmies();
-    Put(8, 8, kWhite, kRook);
-    Put(2, 10, kNoTeam, kNoPiece);
-    Put(8, 10, kBlue, kPawn);
+    game = before;
     game.match.setup.playerKinds = {c.mover, c.victim, kHuman, kHuman};
     game.net.netRole = kNetClient;
     BeginTurn(kWhite);
