@@ -207,10 +207,11 @@ int PieceValue(int personality, int piece) {
 }
 
 int PiecesWorth(const Position& position, int team, int personality) {
-  if (team < kWhite || team > kRed) return 0;
+  const int index = TeamIndex(team);
+  if (index < 0) return 0;
   int worth = 0;
-  position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
-    const int piece = position.board.squares[static_cast<std::size_t>(index)].piece;
+  position.pieces[static_cast<std::size_t>(index)].ForEach([&](int square) {
+    const int piece = position.board.squares[static_cast<std::size_t>(square)].piece;
     if (piece != kKing) worth += PieceValue(personality, piece);
   });
   return worth;

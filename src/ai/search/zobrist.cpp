@@ -97,8 +97,11 @@ std::vector<std::uint64_t> RecordKeys(const Record& record) {
   Position position = record.start;
   std::vector<std::uint64_t> keys{PositionKey(position)};
   keys.reserve(record.events.size() + 1);
-  for (const RecordEvent& event : record.events)
-    if (PlayEvent(position, event)) keys.push_back(PositionKey(position));
+  // As the record replays: the first event that does not play ends it.
+  for (const RecordEvent& event : record.events) {
+    if (!PlayEvent(position, event)) break;
+    keys.push_back(PositionKey(position));
+  }
   return keys;
 }
 
