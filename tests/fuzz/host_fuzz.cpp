@@ -8,7 +8,6 @@ namespace {
 
 // Node 1 (lane 0) plays White and Black, node 2 (lane 1) Blue and Red.
 constexpr PerTeam<int> kSeatHolders = {1, 2, 1, 2};
-constexpr int kMostPasses = 100'000;
 
 int LaneOfTeam(int team) {
   return kSeatHolders[static_cast<std::size_t>(team - 1)] - 1;
@@ -17,11 +16,12 @@ int LaneOfTeam(int team) {
 struct HostTable {
   net::FakeNetwork network;
   FuzzNode host{network.AddEndpoint("10.0.0.1"), kNetHostDialog};
-  BarePeer clients[2] = {BarePeer(network.AddEndpoint()), BarePeer(network.AddEndpoint())};
+  net::WireEnd clients[2] = {net::WireEnd(network.AddEndpoint()),
+                             net::WireEnd(network.AddEndpoint())};
 
   HostTable() {
     Require(net::OpenAsHost(host.node), "the host cannot listen");
-    for (BarePeer& client : clients) client.transport.Connect("localhost", kPort);
+    for (net::WireEnd& client : clients) client.transport.Connect("localhost", kPort);
     network.Pump();
     for (int team = kWhite; team <= kRed; ++team)
       net::AssignSeat(host.node, team, kSeatHolders[static_cast<std::size_t>(team - 1)]);
@@ -30,30 +30,8 @@ struct HostTable {
   }
 
   void Play(std::string_view input) {
-    for (const Step& step : CutInput(input)) {
-      BarePeer& client = clients[step.lane];
-      switch (step.kind) {
-        case StepKind::kBytes:
-          client.transport.Send(client.connection, step.bytes);
-          break;
-        case StepKind::kTick:
-          host.Tick(step.seconds);
-          break;
-        case StepKind::kReopen:
-          if (client.connection == 0) client.transport.Connect("localhost", kPort);
-          break;
-        case StepKind::kClose:
-          if (client.connection != 0) client.transport.Close(client.connection);
-          client.connection = 0;
-          break;
-        case StepKind::kBreak:
-          network.Break(client.transport, client.connection);
-          break;
-      }
-      network.Pump();
-      ServeQueue(network, host, step.passes);
-    }
-    ServeQueue(network, host, kMostPasses);
+    fuzz::Play(input, network, host, {&clients[0], &clients[1]},
+               [](net::WireEnd& client) { client.transport.Connect("localhost", kPort); });
   }
 };
 
@@ -66,7 +44,6 @@ void SendTurns(InputWriter& input, int turns, int largest) {
 }  // namespace
 
 std::vector<std::string> Seeds() {
-  const std::string sep(1, net::kFieldSeparator);
   std::vector<std::string> seeds;
   InputWriter names;
   names.Send(0, "GMNI}Bob").Send(1, "GMNI}Cid").Send(0, "GCHT}Hello, Cid").Send(1, "GCHT}Hi");
@@ -92,8 +69,8 @@ std::vector<std::string> Seeds() {
   HostTable probe;
   probe.Play(checked.Bytes());
   for (const auto& [event, sum] : probe.host.session.recentChecksums)
-    checked.Send(0, Fields("GXCK", {std::to_string(event), std::to_string(sum)}));
-  checked.Send(1, "GXCK}3" + sep + "4711").Tick(1).Send(0, "GXKA}").Tick(4).Send(1, "GXKA}");
+    checked.Send(0, "GXCK}" + std::to_string(event) + kSep + std::to_string(sum));
+  checked.Send(1, "GXCK}3" + kSep + "4711").Tick(1).Send(0, "GXKA}").Tick(4).Send(1, "GXKA}");
   seeds.push_back(checked.Bytes());
 
   // Node 1 goes silent and is let go, comes back under its name and gets

@@ -7,12 +7,13 @@
 #include "core/rules.h"
 #include "flow/accept_move.h"
 #include "flow/new_game.h"
-#include "flow/save_load.h"
 #include "net/move_message.h"
 
 namespace varkesh::fuzz {
 
 namespace {
+
+constexpr int kMostPasses = 100'000;
 
 // No logs, no sounds, no computer's thoughts shown; the start position
 // comes straight from the pack folder.
@@ -21,6 +22,49 @@ void Quieten(ScriptedOutside& outside) {
   outside.entryPaths["newgamedata"] = VARKESH_PACK_DIR "/newgamedata.txt";
   outside.SetMenuChecked(Menu::OptionsShowComp, false);
   outside.SetMenuChecked(Menu::OptionsSfx, false);
+}
+
+enum class StepKind { kBytes, kTick, kReopen, kClose, kBreak };
+struct Step {
+  StepKind kind = StepKind::kBytes;
+  int lane = 0;
+  int passes = 0;
+  double seconds = 0.0;
+  std::string_view bytes;
+};
+
+std::vector<Step> CutInput(std::string_view input) {
+  std::vector<Step> steps;
+  std::size_t at = 0;
+  while (at < input.size()) {
+    const auto control = static_cast<unsigned char>(input[at++]);
+    Step step;
+    step.lane = control & 1;
+    if (control >= 0xFC) {
+      step.kind = (control & 2) != 0 ? StepKind::kBreak : StepKind::kClose;
+    } else if (control >= 0xF8) {
+      step.kind = StepKind::kReopen;
+    } else if (control >= 0xF0) {
+      step.kind = StepKind::kTick;
+      step.seconds = kTickSeconds[control & 7];
+    } else {
+      step.passes = (control >> 4) & 7;
+      const std::size_t size = std::min(kChunkSizes[(control >> 1) & 7], input.size() - at);
+      step.bytes = input.substr(at, size);
+      at += size;
+    }
+    steps.push_back(step);
+  }
+  return steps;
+}
+
+// Serves the queue one message a pass, with the network pumped after each,
+// until the queue is empty or passes have been served.
+void ServeQueue(net::FakeNetwork& network, FuzzNode& node, int passes) {
+  for (int pass = 0; pass < passes && !node.session.gameQueue.empty(); ++pass) {
+    net::ServeGameQueue(node.node);
+    network.Pump();
+  }
 }
 
 }  // namespace
@@ -46,34 +90,34 @@ FuzzNode::FuzzNode(net::FakeTransport& endpoint, int netRole) : transport(endpoi
   session.netPort = kPort;
 }
 
-void FuzzNode::Tick(double seconds) {
-  outside.clock += seconds;
-  link.OnTick();
-}
-
-std::vector<Step> CutInput(std::string_view input) {
-  std::vector<Step> steps;
-  std::size_t at = 0;
-  while (at < input.size()) {
-    const auto control = static_cast<unsigned char>(input[at++]);
-    Step step;
-    step.lane = control & 1;
-    if (control >= 0xFC) {
-      step.kind = (control & 2) != 0 ? StepKind::kBreak : StepKind::kClose;
-    } else if (control >= 0xF8) {
-      step.kind = StepKind::kReopen;
-    } else if (control >= 0xF0) {
-      step.kind = StepKind::kTick;
-      step.seconds = kTickSeconds[control & 7];
-    } else {
-      step.passes = (control >> 4) & 7;
-      const std::size_t size = std::min(kChunkSizes[(control >> 1) & 7], input.size() - at);
-      step.bytes = input.substr(at, size);
-      at += size;
+void Play(std::string_view input, net::FakeNetwork& network, FuzzNode& node,
+          const std::array<net::WireEnd*, 2>& lanes,
+          const std::function<void(net::WireEnd&)>& reopen) {
+  for (const Step& step : CutInput(input)) {
+    net::WireEnd& peer = *lanes[static_cast<std::size_t>(step.lane)];
+    switch (step.kind) {
+      case StepKind::kBytes:
+        peer.transport.Send(peer.connection, step.bytes);
+        break;
+      case StepKind::kTick:
+        node.outside.clock += step.seconds;
+        node.link.OnTick();
+        break;
+      case StepKind::kReopen:
+        if (peer.connection == 0) reopen(peer);
+        break;
+      case StepKind::kClose:
+        if (peer.connection != 0) peer.transport.Close(peer.connection);
+        peer.connection = 0;
+        break;
+      case StepKind::kBreak:
+        network.Break(peer.transport, peer.connection);
+        break;
     }
-    steps.push_back(step);
+    network.Pump();
+    ServeQueue(network, node, step.passes);
   }
-  return steps;
+  ServeQueue(network, node, kMostPasses);
 }
 
 InputWriter& InputWriter::Send(int lane, std::string_view message, int largest, int passes) {
@@ -106,13 +150,6 @@ InputWriter& InputWriter::Close(int lane, bool broken) {
   return *this;
 }
 
-void ServeQueue(net::FakeNetwork& network, FuzzNode& node, int passes) {
-  for (int pass = 0; pass < passes && !node.session.gameQueue.empty(); ++pass) {
-    net::ServeGameQueue(node.node);
-    network.Pump();
-  }
-}
-
 std::vector<TurnMessages> LegalTurns(int turns) {
   Game game = GameUnderWay();
   ScriptedOutside outside;
@@ -124,40 +161,18 @@ std::vector<TurnMessages> LegalTurns(int turns) {
     if (moves.Empty()) break;
     // Different pieces on different turns, so that the seeds are not all pawns.
     const varkesh::Move move = moves[(turn * 7) % moves.Count()];
-    const std::string from =
-        std::to_string(move.fromX) + net::kFieldSeparator + std::to_string(move.fromY);
-    const std::string to =
-        std::to_string(move.toX) + net::kFieldSeparator + std::to_string(move.toY);
-    TurnMessages turnTold{game.match.position.currentTeam,
-                          {"GUPM}" + from + net::kFieldSeparator + "0" + net::kFieldSeparator + "0",
-                           "GUGS}2", "GUPM}" + from + net::kFieldSeparator + to, "GUGS}3"}};
+    Position probe = game.match.position;
+    told.push_back({game.match.position.currentTeam,
+                    {net::NumberMessage("GUPM", {move.fromX, move.fromY, 0, 0}), "GUGS}2",
+                     net::NumberMessage("GUPM", {move.fromX, move.fromY, move.toX, move.toY}),
+                     "GUGS}3", net::MoveMessage(ApplyMove(probe, move))}});
     game.turn.moveFromX = move.fromX;
     game.turn.moveFromY = move.fromY;
     game.turn.moveToX = move.toX;
     game.turn.moveToY = move.toY;
-    Position probe = game.match.position;
-    turnTold.messages.push_back(net::MoveMessage(ApplyMove(probe, move)));
     AcceptMove(game, outside);
-    told.push_back(turnTold);
   }
   return told;
-}
-
-std::string GameUnderWayImage() {
-  Game game = GameUnderWay();
-  ScriptedOutside outside;
-  Quieten(outside);
-  return GameImage(game);
-}
-
-std::string Fields(std::string_view verb, const std::vector<std::string>& fields) {
-  std::string message(verb);
-  message += '}';
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (i > 0) message += net::kFieldSeparator;
-    message += fields[i];
-  }
-  return message;
 }
 
 void Require(bool condition, const char* what) {

@@ -1,17 +1,20 @@
 // What the NetPlay fuzz drivers share: a program of the session on the
-// in-process network, a bare peer at the far end of its connections, and
+// in-process network, bare peers at the far end of its connections, and
 // the format of an input, which both cuts the bytes into arrivals and
 // interleaves passes of the game queue with them.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "net/fake_network.h"
 #include "net/node.h"
+#include "net/wire.h"
 #include "support/scripted_outside.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -19,6 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace varkesh::fuzz {
 
 inline constexpr int kPort = 5337;
+inline const std::string kSep(1, net::kFieldSeparator);
 
 // Each driver's starting inputs, built from real games and real messages.
 std::vector<std::string> Seeds();
@@ -47,46 +51,23 @@ struct FuzzNode {
   net::SessionLink link{node};
 
   FuzzNode(net::FakeTransport& endpoint, int netRole);
-  // The transport's tick, seconds after the last one.
-  void Tick(double seconds);
-};
-
-// The other end of a connection: it sends what it is told and drops what
-// it hears.
-struct BarePeer final : net::TransportEvents {
-  net::FakeTransport& transport;
-  net::ConnectionId connection = 0;
-
-  explicit BarePeer(net::FakeTransport& endpoint) : transport(endpoint) {
-    transport.SetEvents(this);
-  }
-  BarePeer(const BarePeer&) = delete;
-  BarePeer& operator=(const BarePeer&) = delete;
-  void OnAccepted(net::ConnectionId id) override { connection = id; }
-  void OnConnected(net::ConnectionId id) override { connection = id; }
-  void OnData(net::ConnectionId, std::string_view) override {}
-  void OnClosed(net::ConnectionId) override { connection = 0; }
-  void OnError(net::ConnectionId, int, const std::string&) override {}
 };
 
 // An input is a run of steps, each led by a control byte. Below 0xF0 the
 // step brings bytes on a connection: bit 0 names the lane, bits 1-3 the size
 // (kChunkSizes), bits 4-6 the passes of the game queue after them. 0xF0 to
-// 0xF7 move the clock on by kTickSeconds and tick; 0xF8 to 0xFB open a lane
-// again whose connection is gone; 0xFC to 0xFF end the lane's connection,
-// in order or (bit 1) broken.
-enum class StepKind { kBytes, kTick, kReopen, kClose, kBreak };
-struct Step {
-  StepKind kind = StepKind::kBytes;
-  int lane = 0;
-  int passes = 0;
-  double seconds = 0.0;
-  std::string_view bytes;
-};
+// 0xF7 move the node's clock on by kTickSeconds and tick; 0xF8 to 0xFB open
+// a lane again whose connection is gone; 0xFC to 0xFF end the lane's
+// connection, in order or (bit 1) broken.
 inline constexpr std::size_t kChunkSizes[] = {1, 2, 3, 7, 16, 64, 512, 4096};
 // The keep-alive, stall, chat, silence and rejoin times lie between them.
 inline constexpr double kTickSeconds[] = {0.25, 1, 2, 3, 5, 10, 21, 121};
-std::vector<Step> CutInput(std::string_view input);
+
+// Plays an input on node, lane n being lanes[n] (one peer may be both),
+// then serves the game queue until it is empty.
+void Play(std::string_view input, net::FakeNetwork& network, FuzzNode& node,
+          const std::array<net::WireEnd*, 2>& lanes,
+          const std::function<void(net::WireEnd&)>& reopen);
 
 // Writes inputs in that format.
 class InputWriter {
@@ -104,10 +85,6 @@ class InputWriter {
   std::string bytes_;
 };
 
-// Serves the queue one message a pass, with the network pumped after each,
-// until the queue is empty or passes have been served.
-void ServeQueue(net::FakeNetwork& network, FuzzNode& node, int passes);
-
 // Legal moves from GameUnderWay, one a turn, each as the messages its seat
 // holder sends: the piece, the destination, the confirmation, the move.
 struct TurnMessages {
@@ -115,12 +92,6 @@ struct TurnMessages {
   std::vector<std::string> messages;
 };
 std::vector<TurnMessages> LegalTurns(int turns);
-
-// The game under way as the host sends it in GLGF.
-std::string GameUnderWayImage();
-
-// Messages of fields joined by the field separator.
-std::string Fields(std::string_view verb, const std::vector<std::string>& fields);
 
 // Stops the run with a message when a session broke a rule of its own.
 void Require(bool condition, const char* what);

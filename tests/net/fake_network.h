@@ -104,4 +104,19 @@ class FakeNetwork {
   std::deque<Delivery> queue_;
 };
 
+// The far end of a connection, for a test that speaks the wire by hand: it
+// sends what it is told and keeps what it hears.
+struct WireEnd : TransportEvents {
+  FakeTransport& transport;
+  ConnectionId connection = 0;
+  std::string received;
+
+  explicit WireEnd(FakeTransport& endpoint) : transport(endpoint) { transport.SetEvents(this); }
+  void OnAccepted(ConnectionId id) override { connection = id; }
+  void OnConnected(ConnectionId id) override { connection = id; }
+  void OnData(ConnectionId, std::string_view bytes) override { received.append(bytes); }
+  void OnClosed(ConnectionId) override { connection = 0; }
+  void OnError(ConnectionId, int, const std::string&) override {}
+};
+
 }  // namespace varkesh::net

@@ -87,19 +87,10 @@ inline const std::string kSep(1, net::kFieldSeparator);
 inline const std::string kEnd(1, net::kMessageEnd);
 
 // A client that speaks the wire by hand and records what it receives.
-struct RawClient : net::TransportEvents {
-  net::FakeTransport& transport;
-  net::ConnectionId connection = 0;
-  std::string received;
-  explicit RawClient(net::FakeTransport& endpoint) : transport(endpoint) {
-    transport.SetEvents(this);
+struct RawClient : net::WireEnd {
+  explicit RawClient(net::FakeTransport& endpoint) : WireEnd(endpoint) {
     transport.Connect("localhost", kTablePort);
   }
-  void OnAccepted(net::ConnectionId) override {}
-  void OnConnected(net::ConnectionId id) override { connection = id; }
-  void OnData(net::ConnectionId, std::string_view bytes) override { received.append(bytes); }
-  void OnClosed(net::ConnectionId) override { connection = 0; }
-  void OnError(net::ConnectionId, int, const std::string&) override {}
   void Send(const std::string& message) { transport.Send(connection, message + kEnd); }
   std::vector<std::string> Messages() const {
     std::vector<std::string> messages;
