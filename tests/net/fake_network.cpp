@@ -28,7 +28,7 @@ bool FakeTransport::Listen(int port, std::string& error) {
 }
 
 void FakeTransport::Connect(const std::string&, int port) {
-  network_.Queue({FakeNetwork::Kind::kConnect, {index_, 0}, port, closeCount_});
+  network_.queue_.push_back({FakeNetwork::Kind::kConnect, {index_, 0}, port, closeCount_});
 }
 
 void FakeTransport::Send(ConnectionId connection, std::string_view bytes) {
@@ -77,36 +77,21 @@ FakeTransport& FakeNetwork::AddEndpoint(const std::string& address) {
   return *endpoints_.back();
 }
 
-int FakeNetwork::Pump() {
-  int deliveries = 0;
-  while (PumpOne()) {
-    if (++deliveries >= kMostDeliveries) {
+void FakeNetwork::Pump() {
+  for (int deliveries = 0; !queue_.empty(); ++deliveries) {
+    if (deliveries == kMostDeliveries)
       throw std::runtime_error("the fake network never went quiet");
+    const Delivery delivery = queue_.front();
+    queue_.pop_front();
+    if (delivery.kind == Kind::kConnect) {
+      DeliverConnect(delivery);
+    } else if (delivery.kind == Kind::kService) {
+      DeliverService(delivery.end);
+    } else if (ends_.contains(delivery.end)) {
+      if (TransportEvents* events = EventsOf(delivery.end.first))
+        events->OnConnected(delivery.end.second);
     }
   }
-  return deliveries;
-}
-
-bool FakeNetwork::PumpOne() {
-  if (queue_.empty()) return false;
-  const Delivery delivery = std::move(queue_.front());
-  queue_.pop_front();
-  switch (delivery.kind) {
-    case Kind::kConnect:
-      DeliverConnect(delivery);
-      break;
-    case Kind::kConnected:
-      if (ends_.contains(delivery.end)) {
-        if (TransportEvents* events = EventsOf(delivery.end.first)) {
-          events->OnConnected(delivery.end.second);
-        }
-      }
-      break;
-    case Kind::kService:
-      DeliverService(delivery.end);
-      break;
-  }
-  return true;
 }
 
 void FakeNetwork::Break(const FakeTransport& end, ConnectionId connection) {
@@ -126,10 +111,6 @@ void FakeNetwork::StopReading(const FakeTransport& end, ConnectionId connection)
   if (found != ends_.end()) found->second.reading = false;
 }
 
-void FakeNetwork::Queue(Delivery delivery) {
-  queue_.push_back(std::move(delivery));
-}
-
 void FakeNetwork::QueueService(const EndKey& key) {
   const auto end = ends_.find(key);
   if (end == ends_.end() || end->second.serviceQueued) return;
@@ -143,8 +124,9 @@ void FakeNetwork::DeliverConnect(const Delivery& delivery) {
   if (delivery.closeCount != client->closeCount_) return;
   const auto listener = listeners_.find(delivery.port);
   if (listener == listeners_.end()) {
+    // The numbers are QtTransport's for a refused and for a broken connection.
     if (TransportEvents* clientEvents = client->Events())
-      clientEvents->OnError(0, kFakeConnectionRefused, "Connection refused");
+      clientEvents->OnError(0, 0, "Connection refused");
     return;
   }
 
@@ -155,7 +137,7 @@ void FakeNetwork::DeliverConnect(const Delivery& delivery) {
   ends_[hostEnd].peer = clientEnd;
   // Queued before the host hears of it, so that the client knows its
   // connection before anything the host sends on it arrives.
-  Queue({Kind::kConnected, clientEnd, 0, 0});
+  queue_.push_back({Kind::kConnected, clientEnd, 0, 0});
   if (TransportEvents* hostEvents = EventsOf(hostIndex)) hostEvents->OnAccepted(hostEnd.second);
 }
 
@@ -178,7 +160,7 @@ void FakeNetwork::DeliverService(const EndKey& key) {
   if (end.closing == Closing::kNone) return;
 
   if (end.closing == Closing::kBroken && events != nullptr) {
-    events->OnError(key.second, kFakeNetworkError, "The connection broke");
+    events->OnError(key.second, 7, "The connection broke");
   }
   // The error's handler may have closed the connection itself.
   if (!ends_.contains(key)) return;

@@ -15,10 +15,6 @@
 
 namespace varkesh::net {
 
-// The numbers QtTransport reports for the same failures.
-inline constexpr int kFakeConnectionRefused = 0;
-inline constexpr int kFakeNetworkError = 7;
-
 class FakeNetwork;
 
 class FakeTransport final : public Transport {
@@ -55,8 +51,8 @@ class FakeNetwork {
   FakeTransport& AddEndpoint(const std::string& address = "127.0.0.1");
 
   // Delivers everything pending, including what the deliveries cause, until
-  // the network is quiet; returns the number of deliveries.
-  int Pump();
+  // the network is quiet.
+  void Pump();
 
   // The connection fails at once: bytes on the way are lost, and both ends
   // hear an error followed by the close.
@@ -87,9 +83,6 @@ class FakeNetwork {
     int closeCount = 0;
   };
 
-  // One delivery; false when nothing was pending.
-  bool PumpOne();
-  void Queue(Delivery delivery);
   void QueueService(const EndKey& key);
   void DeliverConnect(const Delivery& delivery);
   void DeliverService(const EndKey& key);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,11 +40,7 @@ struct RecordingView : net::NetView {
   void SetSeatCaptions(const PerTeam<std::string>& seats) override { captions = seats; }
   void SetChatEnabled(bool enabled) override { chatEnabled = enabled; }
   void SetHostControlsEnabled(bool enabled) override { hostControlsEnabled = enabled; }
-  bool Saw(const std::string& line) const {
-    for (const std::string& shown : lines)
-      if (shown == line) return true;
-    return false;
-  }
+  bool Saw(const std::string& line) const { return std::ranges::count(lines, line) > 0; }
 };
 
 // One program of the session.

@@ -1,5 +1,7 @@
 #include "net/plain_peer.h"
 
+#include <QString>
+
 #include "core/pawn_options.h"
 #include "flow/accept_move.h"
 #include "flow/resign.h"
@@ -8,25 +10,6 @@
 #include "persist/game_text.h"
 
 namespace varkesh::testing {
-
-namespace {
-
-// Latin-1 bytes as UTF-8.
-std::string Utf8OfLatin1(std::string_view bytes) {
-  std::string text;
-  for (const char byte : bytes) {
-    const unsigned char c = static_cast<unsigned char>(byte);
-    if (c < 0x80) {
-      text += byte;
-      continue;
-    }
-    text += static_cast<char>(0xC0 | (c >> 6));
-    text += static_cast<char>(0x80 | (c & 0x3F));
-  }
-  return text;
-}
-
-}  // namespace
 
 PlainPeer::PlainPeer(net::FakeTransport& endpoint, const std::string& folder, std::string name,
                      int port)
@@ -76,7 +59,7 @@ void PlainPeer::Handle(const std::string& message) {
       game.net.seatNode[t] = number(2 * t + 1);
     }
   } else if (verb == "GLGF") {
-    LoadGameText(game, outside, Utf8OfLatin1(parts.payload));
+    LoadGameText(game, outside, QString::fromLatin1(QByteArrayView(parts.payload)).toStdString());
   } else if (verb == "GUPM" && fields.size() == 4) {
     game.turn.moveFromX = number(0);
     game.turn.moveFromY = number(1);
