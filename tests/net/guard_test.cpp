@@ -74,7 +74,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   EXPECT_EQ(Count(mallory->Messages(), "GAMV}"), 0);
 }
 
-TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
+TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMoveAndNoUnreadableOne) {
   StartGame();
   Peer& bob = Join("Bob");
   const varkesh::Move opening = FirstListedMove(host->game);
@@ -102,6 +102,14 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMove) {
   EXPECT_EQ(Log().find("The game of node 2 differs"), std::string::npos);
   EXPECT_EQ(bob.session.gameEvents, host->session.gameEvents);
   EXPECT_EQ(cid.session.gameEvents, host->session.gameEvents);
+
+  // A game that cannot be read is logged and changes nothing.
+  const std::string before = bob.Text();
+  net::SendToNode(host->node, 1, "GLGF}not a game");
+  Settle();
+  EXPECT_EQ(bob.Text(), before);
+  EXPECT_TRUE(bob.outside.boxes.empty()) << "no box for the host's fault";
+  EXPECT_NE(Log().find("The game sent by the host cannot be read"), std::string::npos);
 }
 
 TEST_F(Guard, ChecksumsOfManyWatchersDoNotHoldUpAMove) {
@@ -179,7 +187,8 @@ TEST_F(Guard, OnlyPeersThatSpeakTheKeepAliveAreDroppedForSilence) {
   EXPECT_TRUE(cid.view.Saw("*** You have been disconnected from the host."));
 }
 
-TEST_F(Guard, AChatFloodIsCutToEightLinesInTenSecondsWithOneNotice) {
+TEST_F(Guard, FloodsOfChatOrOfBadMessagesAreCut) {
+  StartGame();
   Peer& bob = Join("Bob");
   auto talker = RawJoin("Talker");
   for (int line = 0; line < 20; ++line) talker->Send("GCHT}line " + std::to_string(line));
@@ -196,6 +205,15 @@ TEST_F(Guard, AChatFloodIsCutToEightLinesInTenSecondsWithOneNotice) {
   for (int line = 0; line < 20; ++line) net::SendChat(host->node, "host " + std::to_string(line));
   network.Pump();
   EXPECT_TRUE(bob.view.Saw("Ann: host 19"));
+
+  // Bad game messages fill neither the queue nor the log.
+  std::string burst;
+  for (int i = 0; i < 6000; ++i) burst += "GUGS}7" + kEnd;
+  talker->transport.Send(talker->connection, burst);
+  network.Pump();
+  EXPECT_EQ(host->session.gameQueue.size(), net::kMaxQueuedMessages);
+  for (int pass = 0; pass < 300; ++pass) host->Pass();
+  EXPECT_LE(Occurrences(Log(), "--------------------"), 100);
 }
 
 TEST_F(Guard, PeersThatDoNotReadOrNeverEndAMessageAreLetGoAndNoOneElse) {
@@ -224,30 +242,6 @@ TEST_F(Guard, PeersThatDoNotReadOrNeverEndAMessageAreLetGoAndNoOneElse) {
   EXPECT_NE(Log().find("Node 2 does not read what is sent to it"), std::string::npos);
   EXPECT_TRUE(host->session.nodeInUse[1]);
   EXPECT_NE(bob.session.nodeConnections[0], 0);
-}
-
-TEST_F(Guard, AGameThatCannotBeReadIsLoggedAndChangesNothing) {
-  StartGame();
-  Peer& bob = Join("Bob");
-  Settle();
-  const std::string before = bob.Text();
-  net::SendToNode(host->node, 1, "GLGF}not a game");
-  Settle();
-  EXPECT_EQ(bob.Text(), before);
-  EXPECT_TRUE(bob.outside.boxes.empty()) << "no box for the host's fault";
-  EXPECT_NE(Log().find("The game sent by the host cannot be read"), std::string::npos);
-}
-
-TEST_F(Guard, AFloodOfBadMessagesFillsNeitherTheQueueNorTheLog) {
-  StartGame();
-  auto flood = RawJoin("Flood");
-  std::string burst;
-  for (int i = 0; i < 6000; ++i) burst += "GUGS}7" + kEnd;
-  flood->transport.Send(flood->connection, burst);
-  network.Pump();
-  EXPECT_EQ(host->session.gameQueue.size(), net::kMaxQueuedMessages);
-  for (int pass = 0; pass < 300; ++pass) host->Pass();
-  EXPECT_LE(Occurrences(Log(), "--------------------"), 100);
 }
 
 }  // namespace

@@ -54,17 +54,6 @@ TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
             "GCNL}3" + kSep + "Ann" + kSep + "Bob" + kSep + "Eve" + kSep + "Dee");
 }
 
-TEST_F(NetTable, SeatsGivenWhileAJoinerLoadsTheGameSurviveItsLoading) {
-  StartGame();
-  Peer& bob = Join("Bob");
-  ASSERT_FALSE(bob.session.gameQueue.empty()) << "the catch-up waits in the queue";
-  net::GiveSeatToComputer(host->node, kBlack, kBalanced);
-  network.Pump();
-  Settle();
-  EXPECT_EQ(bob.game.match.setup.playerKinds, host->game.match.setup.playerKinds);
-  ExpectSameGames();
-}
-
 TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
   StartGame(kAnarchy, {kBalanced, kHuman, kHuman, kHuman});
   host->Pass();  // the computer chooses: mode 9
@@ -75,13 +64,17 @@ TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
   ExpectSameGames();
 }
 
-TEST_F(NetTable, AJoinerMidSelectionShowsTheSameSelection) {
+TEST_F(NetTable, AJoinerKeepsTheSeatsGivenWhileItLoadsAndShowsTheSameSelection) {
   StartGame();
   const varkesh::Move move = FirstListedMove(host->game);
   host->Click(move.fromX, move.fromY);
   host->Pass();
   Peer& bob = Join("Bob");
+  ASSERT_FALSE(bob.session.gameQueue.empty()) << "the catch-up waits in the queue";
+  net::GiveSeatToComputer(host->node, kBlack, kBalanced);
+  network.Pump();
   Settle();
+  EXPECT_EQ(bob.game.match.setup.playerKinds, host->game.match.setup.playerKinds);
   host->Click(move.toX, move.toY);
   host->Pass();
   Peer& cid = Join("Cid");
