@@ -131,7 +131,7 @@ TEST_F(Guard, ChecksumsOfManyWatchersDoNotHoldUpAMove) {
   EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
 }
 
-TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheHost) {
+TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameAndAddressGetsBackTheSeatsStillWithTheHost) {
   StartGame();
   Join("Bob");
   Peer& cid = Join("Cid");
@@ -159,6 +159,23 @@ TEST_F(Guard, APlayerWhoRejoinsSoonUnderTheSameNameGetsBackTheSeatsStillWithTheH
   Join("Bob");
   Settle();
   EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{0, 0, 0, 0}));
+
+  // Only the dropped address takes the seats back.
+  PlainPeer& pat = PlainJoin("Pat", "10.0.0.2");
+  Settle();
+  net::AssignSeat(host->node, kBlue, pat.myNode);
+  Settle();
+  pat.Break(network);
+  network.Pump();
+  ASSERT_EQ(host->game.net.seatNode[1], 0);
+  PlainPeer& impostor = PlainJoin("Pat", "10.0.0.3");
+  Settle();
+  EXPECT_EQ(host->session.nodeNames[static_cast<std::size_t>(impostor.myNode)], "Pat");
+  EXPECT_EQ(host->game.net.seatNode, (PerTeam<int>{}));
+  PlainPeer& returned = PlainJoin("Pat", "10.0.0.2");
+  Settle();
+  EXPECT_EQ(host->game.net.seatNode[1], returned.myNode);
+  EXPECT_EQ(returned.Text(), WriteGameText(host->game.match.position, host->game.match.setup));
 }
 
 TEST_F(Guard, OnlyPeersThatSpeakTheKeepAliveAreDroppedForSilence) {
