@@ -14,14 +14,10 @@
 namespace varkesh::testing {
 namespace {
 
-struct LostPawnMove {
-  int fromX = 0, fromY = 0, toX = 0, toY = 0;
-};
-
 // A pawn of the team on turn put where its next step enters a keep with
 // nothing to offer; the position is changed so. The empty keep of a kingdom
 // fallen under Kingdom Lost is such a keep: Red's falls first when needed.
-std::optional<LostPawnMove> PlaceLostPawn(Position& position) {
+std::optional<varkesh::Move> PlaceLostPawn(Position& position) {
   for (const bool redFalls : {false, true}) {
     Position base = position;
     if (redFalls) {
@@ -47,7 +43,7 @@ std::optional<LostPawnMove> PlaceLostPawn(Position& position) {
           if (PawnOptionsOfMove(trial, x, y, move.toX, move.toY).effects.pawn != PawnOutcome::Lost)
             continue;
           position = trial;
-          return LostPawnMove{x, y, move.toX, move.toY};
+          return move;
         }
       }
     }
@@ -62,9 +58,9 @@ class PlainTable : public NetTable {
     Settle();
   }
   // The host's game changed by hand and sent to everyone as a loaded one.
-  std::optional<LostPawnMove> SendLostPawnPosition() {
+  std::optional<varkesh::Move> SendLostPawnPosition() {
     Position position = host->game.match.position;
-    std::optional<LostPawnMove> move = PlaceLostPawn(position);
+    std::optional<varkesh::Move> move = PlaceLostPawn(position);
     EXPECT_FALSE(
         LoadGameText(host->game, host->outside, WriteGameText(position, host->game.match.setup)));
     host->link.TellGameStarted(host->game, true);
@@ -87,7 +83,7 @@ TEST_F(PlainTable, APawnLostInAKeepIsGoneOnEveryNodeWhoeverMovesIt) {
   Settle();
   const std::string plainMove = "GAMV}0" + kSep + "0" + kSep + "0";
 
-  std::optional<LostPawnMove> white = SendLostPawnPosition();
+  std::optional<varkesh::Move> white = SendLostPawnPosition();
   ASSERT_TRUE(white);
   const int imagesBefore = pat.Count("GLGF}");
   pat.MoveAs(white->fromX, white->fromY, white->toX, white->toY);
@@ -100,7 +96,7 @@ TEST_F(PlainTable, APawnLostInAKeepIsGoneOnEveryNodeWhoeverMovesIt) {
 
   for (Peer* mover : {host.get(), &bob}) {
     ASSERT_TRUE(net::SpeaksExtension(host->session, 1));
-    std::optional<LostPawnMove> lost = SendLostPawnPosition();
+    std::optional<varkesh::Move> lost = SendLostPawnPosition();
     ASSERT_TRUE(lost);
     quinn.messages.clear();
     Move(*mover, lost->fromX, lost->fromY, lost->toX, lost->toY);
