@@ -172,19 +172,6 @@ TEST_F(PlainTable, NewGamesLoadsAndSeatChangesRaiseNoFalseError) {
   EXPECT_TRUE(Log().empty()) << Log();
 }
 
-TEST_F(PlainTable, TheBootReasonGoesOutAsTyped) {
-  Join("Bob");
-  PlainPeer& pat = PlainJoin("Pat");
-  net::BootNode(host->node, pat.myNode, " \t ");
-  network.Pump();
-  EXPECT_TRUE(pat.boots.empty()) << "blanks alone cancel";
-  net::BootNode(host->node, pat.myNode, "  too slow  ");
-  network.Pump();
-  ASSERT_EQ(pat.boots.size(), 1u);
-  EXPECT_EQ(pat.boots[0], "2:   too slow  ");
-  EXPECT_TRUE(clients[0]->view.Saw("   REASON: '  too slow  '"));
-}
-
 TEST_F(PlainTable, AHostThatCannotListenSaysWhyAndHandsOutNothing) {
   Peer second(network.AddEndpoint("10.0.0.9"), folder.Slashed(), "Zed");
   second.game.net.netRole = kNetHostDialog;
@@ -224,7 +211,7 @@ TEST_F(PlainTable, AccentsTravelAsOneByteACharacterBothWays) {
   ExpectSameEverywhere();
 }
 
-TEST_F(PlainTable, ASecondNameRenamesTheNode) {
+TEST_F(PlainTable, ASecondNameRenamesTheNodeAndABootReasonGoesOutAsTyped) {
   StartGame();
   Peer& bob = Join("Bob");
   PlainPeer& pat = PlainJoin("Pat");
@@ -241,6 +228,16 @@ TEST_F(PlainTable, ASecondNameRenamesTheNode) {
   EXPECT_EQ(host->game.net.seatNode[0], pat.myNode) << "the seats stay";
   EXPECT_EQ(pat.Count("GLGF}"), images + 1) << "caught up";
   ExpectSameEverywhere();
+
+  // The boot reason goes out as typed; blanks alone cancel.
+  net::BootNode(host->node, pat.myNode, " \t ");
+  network.Pump();
+  EXPECT_TRUE(pat.boots.empty());
+  net::BootNode(host->node, pat.myNode, "  too slow  ");
+  network.Pump();
+  ASSERT_EQ(pat.boots.size(), 1u);
+  EXPECT_EQ(pat.boots[0], "2:   too slow  ");
+  EXPECT_TRUE(bob.view.Saw("   REASON: '  too slow  '"));
 }
 
 TEST_F(PlainTable, ConnectionsThatNeverNameThemselvesAreClosedAfterFifteenSeconds) {

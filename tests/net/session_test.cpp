@@ -6,8 +6,9 @@
 namespace varkesh::testing {
 namespace {
 
-TEST_F(NetTable, JoiningGivesNumbersNamesAndTheListToEveryone) {
+TEST_F(NetTable, JoinersAreNumberedNamedAndListedAndOneLeavingFreesItsNodeAndSeats) {
   EXPECT_TRUE(host->view.Saw("Hosting as 'Ann' on IP=10.0.0.1, Port=5337 ..."));
+  StartGame();
   Peer& bob = Join("Bob");
   Peer& cid = Join("Cid");
   EXPECT_EQ(bob.game.net.netRole, kNetClient);
@@ -19,12 +20,7 @@ TEST_F(NetTable, JoiningGivesNumbersNamesAndTheListToEveryone) {
   const std::vector<net::NodeLine> bobList = {{"Ann (host)", 0}, {"Bob (you)", 1}, {"Cid", 2}};
   EXPECT_EQ(host->view.nodeLines, hostList);
   EXPECT_EQ(bob.view.nodeLines, bobList);
-}
 
-TEST_F(NetTable, LeavingFreesTheNodeForTheNextAndHandsItsSeatsToTheHost) {
-  StartGame();
-  Peer& bob = Join("Bob");
-  Join("Cid");
   RawClient watcher(network.AddEndpoint());
   network.Pump();
   watcher.Send("GMNI}Dee");
