@@ -41,7 +41,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
     mallory->Send(message);
   Settle();
   EXPECT_EQ(host->Text(), before);
-  ExpectSameGames();
+  ExpectSameEverywhere();
   EXPECT_EQ(host->game.turn.gameMode, ModeChoosePiece);
   EXPECT_NE(Log().find("the node does not hold the seat of White"), std::string::npos);
   EXPECT_GE(Count(mallory->Messages(), "GLGF}"), 1) << "the sender gets the game again";
@@ -57,7 +57,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
     mallory->Send(message);
   Settle();
   EXPECT_EQ(host->Text(), before);
-  ExpectSameGames();
+  ExpectSameEverywhere();
   for (const char* reason :
        {"the chosen move is not one the rules list", "mode 9 is none a player's clicks reach",
         "the pawn option is not one the rules offer", "a square off the board"})
@@ -70,7 +70,7 @@ TEST_F(Guard, GameMessagesOfANodeWithoutTheSeatOrOutsideTheRulesAreRefusedAndRep
   Settle();
   EXPECT_EQ(host->game.match.position.currentTeam, kBlue);
   EXPECT_EQ(bob.game.match.position.currentTeam, kBlue);
-  ExpectSameGames();
+  ExpectSameEverywhere();
   EXPECT_EQ(Count(mallory->Messages(), "GAMV}"), 0);
 }
 
@@ -97,7 +97,7 @@ TEST_F(Guard, AClientWhoseBoardDriftedGetsTheGameAgainWithinOneMoveAndNoUnreadab
   Move(*host, move.fromX, move.fromY, move.toX, move.toY);
   Settle();
   Settle();
-  ExpectSameGames();
+  ExpectSameEverywhere();
   EXPECT_NE(Log().find("The game of node 1 differs from the host's"), std::string::npos);
   EXPECT_EQ(Log().find("The game of node 2 differs"), std::string::npos);
   EXPECT_EQ(bob.session.gameEvents, host->session.gameEvents);

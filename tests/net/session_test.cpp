@@ -57,7 +57,7 @@ TEST_F(NetTable, AJoinerDuringAComputerMoveCarriesItOutToo) {
   Peer& bob = Join("Bob");
   Settle();
   EXPECT_EQ(bob.game.match.position.currentTeam, kBlue);
-  ExpectSameGames();
+  ExpectSameEverywhere();
 }
 
 TEST_F(NetTable, AJoinerKeepsTheSeatsGivenWhileItLoadsAndShowsTheSameSelection) {
@@ -81,7 +81,7 @@ TEST_F(NetTable, AJoinerKeepsTheSeatsGivenWhileItLoadsAndShowsTheSameSelection) 
     EXPECT_EQ(client->game.turn.moveFromX, move.fromX) << client->game.net.localPlayerName;
     EXPECT_EQ(client->game.turn.moveToY, move.toY) << client->game.net.localPlayerName;
   }
-  ExpectSameGames();
+  ExpectSameEverywhere();
 }
 
 }  // namespace

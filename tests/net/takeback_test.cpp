@@ -43,20 +43,13 @@ class SessionTakeback : public NetTable {
     return count;
   }
 
-  // Our nodes stand where the host stands, and came there the same way.
-  void ExpectOursAlike() {
-    ExpectSameGames();
-    for (auto& client : clients) {
-      const Record& record = client->game.match.record;
-      EXPECT_TRUE(record == host->game.match.record) << client->game.net.localPlayerName;
-    }
-    EXPECT_EQ(pat->Count("GX"), 0) << "a plain peer is sent none of our verbs";
-  }
-  // The plain peer plays no computer moves: only a game sent since brings
-  // it where the others are.
+  // Every node stands where the host stands, and ours came there the same way.
   void ExpectAllAlike() {
-    ExpectOursAlike();
     ExpectSameEverywhere();
+    for (auto& client : clients)
+      EXPECT_TRUE(client->game.match.record == host->game.match.record)
+          << client->game.net.localPlayerName;
+    EXPECT_EQ(pat->Count("GX"), 0) << "a plain peer is sent none of our verbs";
   }
 };
 
@@ -131,7 +124,7 @@ TEST_F(SessionTakeback, TheAskerIsToldOnNoOrWhenTheGameMovedOnAndAsksOnlyAHostTh
   EXPECT_NE(Log().find("and the game is at"), std::string::npos) << Log();
   EXPECT_EQ(host->Text(), before);
   EXPECT_EQ(host->game.match.record, record);
-  ExpectOursAlike();
+  ExpectAllAlike();
 
   // Only of a host that announced it, and not while the computer thinks.
   ASSERT_TRUE(CanTakeBack(bob.game, bob.outside.Link()));
@@ -186,7 +179,7 @@ TEST_F(SessionTakeback, RequestsOfNodesWithoutTheSeatOrOutOfShapeAreRefused) {
   Settle();
   EXPECT_EQ(QuestionsAsked(), 0);
   EXPECT_EQ(host->Text(), before);
-  ExpectOursAlike();
+  ExpectAllAlike();
 }
 
 }  // namespace
