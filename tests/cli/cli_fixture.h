@@ -38,6 +38,15 @@ class CliTest : public ::testing::Test {
     EXPECT_EQ(run.err, err) << arguments;
     EXPECT_EQ(run.out, "") << arguments;
   }
+  // Run with success, and the game it prints.
+  Game Played(const std::string& arguments) const {
+    const CliRun run = Cli(arguments);
+    EXPECT_EQ(run.code, 0) << arguments << ": " << run.err;
+    Game game;
+    EXPECT_EQ(ReadGameText(run.out, game.match.position, game.match.setup), std::nullopt)
+        << arguments;
+    return game;
+  }
   std::string Path(const std::string& name) const { return folder_.File(name); }
   void Put(const std::string& name, const Game& game) const {
     PutFile(Path(name), WriteGameText(game.match.position, game.match.setup));

@@ -15,7 +15,6 @@
 #include <string>
 #include <vector>
 
-#include "node_play.h"
 #include "node_process.h"
 #include "persist/temp_folder.h"
 
@@ -83,7 +82,12 @@ bool Soak(int games) {
     if (!watchers.back()) return false;
     nodes.push_back(watchers.back().get());
   }
-  if (!NodeCountBecomes(*host, 1 + kWatchers)) return false;
+  const std::string everyone = "nodes " + std::to_string(1 + kWatchers);
+  if (!PollUntil({host.get()}, [&] {
+        host->Send("nodes");
+        return host->WaitFor("nodes ") == everyone;
+      }))
+    return false;
 
   const long startRss = StatusKiB(host->Pid(), "VmRSS");
   const auto soakStart = Clock::now();
@@ -118,10 +122,7 @@ bool Soak(int games) {
   // Nodes in step log nothing: a checksum that differs, a refused message or
   // a dropped peer would all show here.
   const std::string log = FileText(folder.File("varkesh/logs/error_netplay.log"));
-  int errors = 0;
-  for (std::size_t at = log.find("ErrDesc = "); at != std::string::npos;
-       at = log.find("ErrDesc = ", at + 1))
-    ++errors;
+  const int errors = Occurrences(log, "ErrDesc = ");
   std::printf(
       "summary whole games %d identical %d cut short %d seconds %.1f host VmRSS start %ld KiB end "
       "%ld KiB peak %ld KiB, NetPlay errors logged %d\n%s",

@@ -7,9 +7,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <thread>
 
-#include "node_play.h"
 #include "node_process.h"
 #include "persist/temp_folder.h"
 
@@ -37,12 +35,13 @@ class NetPlayProcessTest : public ::testing::Test {
 
 // The computer may have played before the host is asked.
 bool ComputerPlays(NodeProcess& host, int team) {
-  for (int poll = 0; poll < 500; ++poll) {
-    auto game = host.ShownGame();
-    if (game && game->match.position.currentTeam != team) return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return false;
+  return PollUntil(
+      {&host},
+      [&] {
+        auto game = host.ShownGame();
+        return game && game->match.position.currentTeam != team;
+      },
+      10.0);
 }
 
 TEST_F(NetPlayProcessTest, AHostAndTwoOfOurClientsPlayAWholeGameThatEndsAlikeEverywhere) {
@@ -59,9 +58,9 @@ TEST_F(NetPlayProcessTest, AHostAndTwoOfOurClientsPlayAWholeGameThatEndsAlikeEve
   host->Send("assign 1 1");
   host->Send("assign 2 2");
   host->Send("computer 3 2");
-  EXPECT_TRUE(SeatsBecome(*alice, {"seat 1 0 1 Alice(you)", "seat 2 0 2 Carol",
-                                   "seat 3 2 0 Comp (Bal)", "seat 4 0 0 Hosty(host)"}))
-      << alice->Recent();
+  const std::vector<std::string> seats{"seat 1 0 1 Alice(you)", "seat 2 0 2 Carol",
+                                       "seat 3 2 0 Comp (Bal)", "seat 4 0 0 Hosty(host)"};
+  EXPECT_TRUE(PollUntil({alice.get()}, [&] { return alice->Seats() == seats; })) << alice->Recent();
 
   // Commands a node may not give are refused, and change nothing.
   const auto before = host->Show();

@@ -8,12 +8,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <thread>
 
+#include "core/rules.h"
 #include "persist/game_text.h"
 
 namespace varkesh::testing {
@@ -190,16 +192,16 @@ void NodeProcess::CloseInput() {
 
 int NodeProcess::WaitForExit(double seconds) {
   if (exitCode_ >= 0 || pid_ <= 0) return exitCode_;
-  const auto deadline = After(seconds);
-  while (Clock::now() < deadline) {
-    int status = 0;
-    if (waitpid(pid_, &status, WNOHANG) == pid_) {
-      exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-      return exitCode_;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return -1;
+  PollUntil(
+      {},
+      [&] {
+        int status = 0;
+        if (waitpid(pid_, &status, WNOHANG) != pid_) return false;
+        exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        return true;
+      },
+      seconds);
+  return exitCode_;
 }
 
 std::string NodeProcess::Recent() const {
@@ -208,6 +210,85 @@ std::string NodeProcess::Recent() const {
   for (std::size_t i = from; i < seen_.size(); ++i) text += seen_[i] + "\n";
   if (ended_) text += "(the node's output has ended)\n";
   return text;
+}
+
+int TurnKey(const Game& game) {
+  return game.match.position.roundNumber * 10 + game.match.position.currentTeam;
+}
+
+bool ReachesTurn(NodeProcess& node, int key) {
+  return PollUntil({&node}, [&] {
+    auto game = node.ShownGame();
+    return game && TurnKey(*game) == key;
+  });
+}
+
+std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds) {
+  std::string difference = "no show";
+  const bool same = PollUntil(
+      {&a, &b},
+      [&] {
+        auto shownA = a.Show();
+        auto shownB = b.Show();
+        if (!shownA || !shownB) return false;
+        if (*shownA == *shownB) return true;
+        difference = "the shows differ in length";
+        for (std::size_t i = 0; i < std::min(shownA->size(), shownB->size()); ++i)
+          if ((*shownA)[i] != (*shownB)[i]) {
+            difference =
+                "line " + std::to_string(i + 1) + ": " + (*shownA)[i] + " / " + (*shownB)[i];
+            break;
+          }
+        return false;
+      },
+      seconds);
+  return same ? std::string() : difference;
+}
+
+bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command) {
+  auto game = host.ShownGame();
+  if (!game) return false;
+  const int key = TurnKey(*game);
+  if (!ReachesTurn(mover, key)) return false;
+  if (command.empty()) {
+    auto shown = mover.ShownGame();
+    MoveList moves;
+    if (shown) ListMoves(shown->match.position, moves);
+    if (moves.Empty()) return false;
+    const Move& move = moves[0];
+    mover.Send("move " + std::to_string(move.fromX) + " " + std::to_string(move.fromY) + " " +
+               std::to_string(move.toX) + " " + std::to_string(move.toY));
+  } else {
+    mover.Send(command);
+  }
+  return PollUntil({&host}, [&] {
+    auto shown = host.ShownGame();
+    return shown && TurnKey(*shown) != key;
+  });
+}
+
+std::unique_ptr<NodeProcess> StartHost(int port, const std::string& name,
+                                       const std::string& folder) {
+  auto host = std::make_unique<NodeProcess>(
+      std::vector<std::string>{"host", "--port", std::to_string(port), "--name", name}, folder);
+  if (host->WaitFor("chat Hosting as '" + name + "'")) return host;
+  std::fprintf(stderr, "host %s did not start:\n%s", name.c_str(), host->Recent().c_str());
+  return nullptr;
+}
+
+std::unique_ptr<NodeProcess> StartClient(int port, const std::string& name,
+                                         const std::string& folder, bool waitForGame) {
+  auto client = std::make_unique<NodeProcess>(
+      std::vector<std::string>{"join", "--address", "127.0.0.1", "--port", std::to_string(port),
+                               "--name", name},
+      folder);
+  // The host's game has come off the client's queue: seats given after
+  // this are not undone by it.
+  if (client->WaitFor("chat You are connected as Node #") &&
+      (!waitForGame || client->WaitFor("mode ")))
+    return client;
+  std::fprintf(stderr, "client %s did not join:\n%s", name.c_str(), client->Recent().c_str());
+  return nullptr;
 }
 
 }  // namespace varkesh::testing

@@ -2,14 +2,17 @@
 // standard input fed line by line, its standard output read line by line,
 // every wait bounded. A node whose output has ended, or that has logged a
 // NetPlay error, is waited for no longer: a broken message fails a test at
-// once instead of when its time runs out.
+// once instead of when its time runs out. Then a session of such nodes
+// played: turns awaited and games compared by polling the nodes' "show".
 #pragma once
 
 #include <sys/types.h>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "flow/game.h"
@@ -79,5 +82,41 @@ class NodeProcess {
   bool ended_ = false;
   bool errorLogged_ = false;
 };
+
+// Polls until the test holds, the time runs out or one of the nodes is
+// broken.
+template <class Test>
+bool PollUntil(std::initializer_list<const NodeProcess*> nodes, Test test,
+               double seconds = kNodeWaitSeconds) {
+  const auto deadline = After(seconds);
+  while (std::chrono::steady_clock::now() < deadline) {
+    if (test()) return true;
+    for (const NodeProcess* node : nodes)
+      if (node->Broken()) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return false;
+}
+
+// Round and team on turn, as one number.
+int TurnKey(const Game& game);
+bool ReachesTurn(NodeProcess& node, int key);
+// Polls until both show the same game text: empty then, else the first line
+// that differs.
+std::string ShowDifference(NodeProcess& a, NodeProcess& b, double seconds = kNodeWaitSeconds);
+
+// The mover plays the first move the rules list for its turn, or the command
+// given, once its game is there; true when the host has gone on to the next
+// turn.
+bool PlayTurn(NodeProcess& mover, NodeProcess& host, const std::string& command = "");
+
+// A host on the port, once it says it is hosting; a client once it has the
+// host's game (its "mode" line) or, with waitForGame false, once connected.
+// None when that does not come in time (what the node said goes to the
+// error output).
+std::unique_ptr<NodeProcess> StartHost(int port, const std::string& name,
+                                       const std::string& folder);
+std::unique_ptr<NodeProcess> StartClient(int port, const std::string& name,
+                                         const std::string& folder, bool waitForGame = true);
 
 }  // namespace varkesh::testing

@@ -1,19 +1,26 @@
-// What the window's tests share: file dialogs and documents that answer from
-// a script, scripted answers to modal windows, and the whole program as
-// main() starts it, in a folder of its own.
+// What the window's tests share: controls reached by name, file dialogs and
+// documents that answer from a script, scripted answers to modal windows,
+// the whole program as main() starts it, in a folder of its own, and the
+// pictures of the documentation, taken under VARKESH_SCREENSHOTS.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -26,6 +33,33 @@
 #include "ui/view_widget.h"
 
 namespace varkesh::test {
+
+template <class T>
+T& Child(QWidget& parent, const QString& name) {
+  T* child = parent.findChild<T*>(name);
+  if (child == nullptr) throw std::runtime_error("no control " + name.toStdString());
+  return *child;
+}
+
+inline void Click(QWidget& parent, const QString& name) {
+  QTest::mouseClick(&Child<QAbstractButton>(parent, name), Qt::LeftButton);
+}
+
+inline int FreePort() {
+  QTcpServer probe;
+  if (!probe.listen(QHostAddress::LocalHost, 0)) return 0;
+  return probe.serverPort();
+}
+
+// The window, with a dialog drawn where it stands over it.
+inline void Shoot(QWidget& window, const char* name, QWidget* dialog = nullptr) {
+  const QString folder = qEnvironmentVariable("VARKESH_SCREENSHOTS");
+  if (folder.isEmpty()) return;
+  QTest::qWait(400);  // the strobe and the flags move on, the chat box scrolls
+  QPixmap shot = window.grab();
+  if (dialog != nullptr) QPainter(&shot).drawPixmap(dialog->pos() - window.pos(), dialog->grab());
+  EXPECT_TRUE(QDir().mkpath(folder) && shot.save(folder + "/" + name + ".png")) << name;
+}
 
 // Resizes the window until the board view's inner area is side pixels square.
 inline bool SetViewSide(MainWindow& window, int side) {
@@ -136,15 +170,22 @@ class RunningProgram {
     ClickSquare(8, 8);
     return WaitFor(ModeChoosePiece, kWhite);
   }
-  // The piece on from to `to` (by default its first destination) by clicks:
-  // chosen, its destination chosen, and confirmed with a right click there.
-  bool PlayByClicks(BoardSquare from, std::optional<BoardSquare> to = {}) {
+  // The piece on from and its destination `to` (by default its first) chosen
+  // by clicks; true once the move waits to be confirmed.
+  bool ChooseByClicks(BoardSquare from, std::optional<BoardSquare> to = {}) {
     ClickSquare(from.x, from.y);
     if (!WaitFor(ModeChooseDestination)) return false;
+    EXPECT_FALSE(window().pieceLabel().text().isEmpty()) << "the chosen piece is named";
     const BoardSquare target = to.value_or(game().view.moveablePieces[1]);
     ClickSquare(target.x, target.y);
-    if (!WaitFor(ModeConfirmMove)) return false;
-    ClickSquare(target.x, target.y, Qt::RightButton);
+    return WaitFor(ModeConfirmMove);
+  }
+  // ... and then confirmed with a right click there.
+  bool PlayByClicks(BoardSquare from, std::optional<BoardSquare> to = {},
+                    const char* shot = nullptr) {
+    if (!ChooseByClicks(from, to)) return false;
+    if (shot != nullptr) Shoot(window(), shot);
+    ClickSquare(game().turn.moveToX, game().turn.moveToY, Qt::RightButton);
     return WaitFor([this] { return game().turn.gameMode != ModeConfirmMove; });
   }
   void PressShortcut(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {

@@ -1,42 +1,26 @@
 // A whole game in the real window against computer seats, played with the mouse,
 // the menus and the dialogs, and the start of the run. Under VARKESH_SCREENSHOTS
 // the game also takes the pictures of the documentation at its landmarks.
+// Then what the window tells of a fallen kingdom, and a sound or picture that
+// cannot be had never leaving a move or the title halfway.
 #include <QAction>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
-#include <optional>
+#include <filesystem>
+#include <fstream>
 
 #include "core/dungeon.h"
 #include "core/rules.h"
 #include "flow/turn.h"
-#include "ui_controls.h"
+#include "persist/temp_folder.h"
 #include "ui_test_support.h"
 
 namespace varkesh {
 namespace {
 
 using test::RunningProgram;
-
-void Shoot(RunningProgram& run, const char* name, QWidget* dialog = nullptr) {
-  test::Shoot(run.window(), name, dialog);
-}
-
-// Selects a piece, then a destination (by default the first it may go to),
-// and confirms with a right click there.
-void PlayMove(RunningProgram& run, BoardSquare from, std::optional<BoardSquare> to = {},
-              const char* shot = nullptr) {
-  run.ClickSquare(from.x, from.y);
-  ASSERT_TRUE(run.WaitFor(ModeChooseDestination));
-  EXPECT_FALSE(run.window().pieceLabel().text().isEmpty());
-  const BoardSquare target = to.value_or(run.game().view.moveablePieces[1]);
-  run.ClickSquare(target.x, target.y);
-  ASSERT_TRUE(run.WaitFor(ModeConfirmMove));
-  if (shot != nullptr) Shoot(run, shot);
-  run.ClickSquare(target.x, target.y, Qt::RightButton);
-  ASSERT_TRUE(run.WaitFor([&run] { return run.game().turn.gameMode != ModeConfirmMove; }));
-}
 
 void Resign(RunningProgram& run) {
   const auto yes = test::AnswerQuestion("Request to Resign", QMessageBox::Yes);
@@ -51,7 +35,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   MainWindow& window = run.window();
   window.menuAction(Menu::OptionsShowComp).trigger();
   ASSERT_TRUE(run.WaitFor([&game] { return game.turn.titleLoaded; }));
-  Shoot(run, "title");
+  test::Shoot(run.window(), "title");
 
   {
     const auto answer = test::WhenModalOpens([](QWidget& dialog) {
@@ -63,14 +47,14 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     run.ClickSquare(8, 8, Qt::RightButton);  // ends the title as a left click does
     ASSERT_TRUE(run.WaitFor(ModeChoosePiece));
   }
-  Shoot(run, "game-start");
+  test::Shoot(run.window(), "game-start");
   EXPECT_TRUE(window.gameDescriptionLabel().text().endsWith("(Allied Neighbors/Kingdom Frozen)"));
   EXPECT_EQ(window.turnLabel().text(), "1st Round, White Player (Human)");
   EXPECT_TRUE(window.menuAction(Menu::Resign).isEnabled());
   EXPECT_FALSE(window.view().PauseButton().isHidden());
-  PlayMove(run, {7, 14}, BoardSquare{6, 12}, "move-path");  // a White Knight
+  ASSERT_TRUE(run.PlayByClicks({7, 14}, BoardSquare{6, 12}, "move-path"));  // a White Knight
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
-  PlayMove(run, game.view.moveablePieces[1]);
+  ASSERT_TRUE(run.PlayByClicks(game.view.moveablePieces[1]));
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
   EXPECT_EQ(game.match.position.history[0].team, kRed) << "the computer seats have played";
 
@@ -80,7 +64,7 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   run.PressShortcut(Qt::Key_S);
   ASSERT_TRUE(QFileInfo::exists(QString::fromStdString(saved)));
   const Board savedBoard = game.match.position.board;
-  PlayMove(run, game.view.moveablePieces[1]);
+  ASSERT_TRUE(run.PlayByClicks(game.view.moveablePieces[1]));
   EXPECT_NE(game.match.position.board.squares, savedBoard.squares);
   {  // the game is no longer saved, so loading asks first
     const auto yes = test::AnswerQuestion("Load Different Game?", QMessageBox::Yes);
@@ -105,12 +89,12 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     const auto select = test::WhenModalOpens([&](QWidget& dialog) {
       auto* list = dialog.findChild<QListWidget*>("lstPawnOptions");
       EXPECT_TRUE(QTest::qWaitFor([list] { return list->count() > 0; }, 1000));
-      Shoot(run, "pawn-options", &dialog);
+      test::Shoot(run.window(), "pawn-options", &dialog);
       list->setCurrentRow(1);
       chosenLine = list->currentItem()->text();
       QTest::mouseClick(dialog.findChild<QPushButton*>("cmdSelect"), Qt::LeftButton);
     });
-    PlayMove(run, {8, 3}, BoardSquare{8, 2});
+    ASSERT_TRUE(run.PlayByClicks({8, 3}, BoardSquare{8, 2}));
   }
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kBlue));
   EXPECT_EQ(game.match.position.board.at(8, 2).piece, kNoPiece)
@@ -123,16 +107,16 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
   Resign(run);
   EXPECT_TRUE(game.match.position.kingdomFallen[1]);
   ASSERT_TRUE(run.WaitFor(ModeChoosePiece, kWhite));
-  Shoot(run, "frozen-kingdom");
+  test::Shoot(run.window(), "frozen-kingdom");
   for (int captor = kWhite; captor <= kRed; ++captor)  // dungeons past their first ten
     for (int i = 0; i < 13; ++i)
       AddPieceToDungeon(game.match.position, captor, (captor + i % 3) % kTeamCount + 1,
                         kBishop + i % 5);
   game.view.boardChanged = true;
-  Shoot(run, "full-dungeon");
+  test::Shoot(run.window(), "full-dungeon");
   Resign(run);
   ASSERT_TRUE(run.WaitFor(ModeVictory));
-  Shoot(run, "victory");
+  test::Shoot(run.window(), "victory");
   EXPECT_EQ(std::pair(game.match.position.winner, game.match.position.coWinner),
             std::pair(kBlack, kRed));
   EXPECT_TRUE(window.view().PauseButton().isHidden());
@@ -190,6 +174,62 @@ TEST(StartOfTheRun, AMissingPackOrAMissingOrDamagedSavedGameIsExplained) {
     EXPECT_EQ(run.game().turn.gameMode, ModeTitle);
     EXPECT_EQ(run.window().isVisible(), c.withPack);
   }
+}
+
+// A local human whose kingdom falls is told so on the board, and once no
+// local human is left the computers' moves are previewed to the end.
+TEST(FallenKingdom, IsToldAndTheLastHumanFallingTurnsOnThePreview) {
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  ASSERT_TRUE(run.StartFromTitle());
+  MainWindow& window = run.window();
+  window.SetMenuChecked(Menu::OptionsShowComp, false);
+  Game& game = run.game();
+  QLabel& notice = window.view().NoticeLabel();
+  EXPECT_TRUE(notice.isHidden());
+
+  game.match.position.kingdomFallen = {false, false, true, false};
+  ASSERT_TRUE(run.WaitFor([&] { return !notice.isHidden(); }, 3000));
+  EXPECT_EQ(notice.text(), "The kingdom of Black has fallen.");
+  EXPECT_FALSE(window.IsMenuChecked(Menu::OptionsShowComp)) << "three humans play on";
+
+  game.match.position.kingdomFallen = {true, true, true, true};
+  ASSERT_TRUE(run.WaitFor([&] { return window.IsMenuChecked(Menu::OptionsShowComp); }, 3000));
+  game.turn.gameMode = ModeTitle;  // the game is over: the player's choice comes back
+  ASSERT_TRUE(run.WaitFor([&] { return !window.IsMenuChecked(Menu::OptionsShowComp); }, 3000));
+}
+
+// As when the temporary folder is removed under the running game.
+TEST(FailedSideEffects, AMoveWithoutItsSoundAndATitleWithoutItsPictureStillComplete) {
+  RunningProgram run;
+  ASSERT_TRUE(run.Started());
+  Game& game = run.game();
+  ASSERT_TRUE(run.StartFromTitle());
+  // The pack's files can no longer be written: a file stands where the folder was.
+  std::filesystem::remove_all(run.folder() + "temp");
+  std::ofstream(run.folder() + "temp") << "in the way";
+
+  int boxes = 0;
+  const auto countBoxes = test::WhenModalOpens(
+      [&boxes](QWidget& box) {
+        ++boxes;
+        box.close();
+      },
+      false);
+  ASSERT_TRUE(run.window().IsMenuChecked(Menu::OptionsSfx));
+  const BoardSquare from = game.view.moveablePieces[1];
+  ASSERT_TRUE(run.PlayByClicks(from));
+  EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the turn passed without the sound";
+  EXPECT_EQ(game.match.position.board.at(from.x, from.y).piece, kNoPiece);
+
+  run.window().findChild<QAction*>("mnuHelpAbout")->trigger();
+  ASSERT_TRUE(run.WaitFor([&game] { return game.turn.titleLoaded; }));
+  QTest::qWait(100);  // some passes of the title without its picture
+  run.ClickSquare(8, 8);
+  EXPECT_TRUE(run.WaitFor(ModeChoosePiece, kBlue)) << "the click leaves the title";
+  EXPECT_EQ(boxes, 0);
+  const std::string log = testing::FileText(run.folder() + "error_main.log");
+  EXPECT_EQ(testing::Occurrences(log, "Sub = LoadTitle\r\n"), 1) << log;
 }
 
 }  // namespace

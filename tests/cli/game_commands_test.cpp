@@ -1,5 +1,6 @@
-// varkesh-cli new, apply, resign, decode and encode, run as a player runs
-// them: what each prints, and its exit code.
+// varkesh-cli new, apply, resign, decode, encode, record, replay and
+// selfplay --records, run as a player runs them: what each prints, and its
+// exit code.
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -19,27 +20,12 @@ constexpr const char* kResignUsage = "usage: varkesh-cli resign FILE [--to TEAM]
 
 class CliCommandsTest : public CliTest {
  protected:
-  Game Played(const std::string& arguments) const {
-    const CliRun run = Cli(arguments);
-    EXPECT_EQ(run.code, 0) << arguments << ": " << run.err;
-    Game game;
-    EXPECT_EQ(ReadGameText(run.out, game.match.position, game.match.setup), std::nullopt)
-        << arguments;
-    return game;
-  }
   void Keep(const std::string& name, const std::string& arguments) const {
     const CliRun run = Cli(arguments);
     ASSERT_EQ(run.code, 0) << run.err;
     PutFile(Path(name), run.out);
   }
 };
-
-// A game in the middle of play with all a saved game carries.
-Game MidGame() {
-  Game game = StartGame({kHuman, kAggressive, kHuman, kDefensive});
-  game.match = SampleMatch();
-  return game;
-}
 
 int Pieces(const Game& game, int team) {
   const auto& squares = game.match.position.board.squares;
@@ -93,8 +79,8 @@ TEST_F(CliCommandsTest, ResignConcedesToTheChosenTeamOrAsksFirst) {
 }
 
 TEST_F(CliCommandsTest, EncodeThenDecodeGivesTheExactLayoutBack) {
-  const Game game = MidGame();
-  const std::string text = WriteGameText(game.match.position, game.match.setup);
+  const Match match = SampleMatch();  // all a saved game carries
+  const std::string text = WriteGameText(match.position, match.setup);
   std::string loose;  // line feeds alone are read, and stored as CR LF
   for (char c : text)
     if (c != '\r') loose += c;
@@ -147,6 +133,70 @@ TEST_F(CliCommandsTest, HelpListsEveryCommandWithItsUsageAndVersionNamesTheTool)
   EXPECT_EQ(version.code, 0);
   EXPECT_EQ(version.out.rfind("varkesh-cli ", 0), 0u) << version.out;
   EXPECT_EQ(Cli("").code, 2) << "no command: the usage, as a refusal";
+}
+
+TEST_F(CliCommandsTest, SelfPlayRecordsReadBackAndReplay) {
+  ASSERT_EQ(Cli("selfplay --games 2 --seed 5 --max-rounds 40 --records .").code, 0);
+  for (const char* name : {"game-1.vrec", "game-2.vrec"}) {
+    SCOPED_TRACE(name);
+    const std::string record = FileText(folder_.File(name));
+    ASSERT_NE(record.find("[Name \"Self-play "), std::string::npos) << record;
+
+    const CliRun normalised = Cli(std::string("record ") + name);
+    EXPECT_EQ(normalised.code, 0) << normalised.err;
+    EXPECT_EQ(normalised.out, record);
+
+    const CliRun whole = Cli(std::string("replay ") + name);
+    EXPECT_EQ(whole.code, 0) << whole.err;
+    int plies = 0;
+    for (const char* team : {" White ", " Blue ", " Black ", " Red "})
+      plies += Occurrences(record, team);
+    ASSERT_GT(plies, 0);
+    EXPECT_EQ(Cli(std::string("replay ") + name + " --ply " + std::to_string(plies)).out,
+              whole.out);
+    const CliRun earlier =
+        Cli(std::string("replay ") + name + " --ply " + std::to_string(plies - 1));
+    EXPECT_EQ(earlier.code, 0);
+    EXPECT_NE(earlier.out, whole.out);
+    EXPECT_EQ(Cli(std::string("replay ") + name + " --ply " + std::to_string(plies + 1)).code, 2);
+  }
+}
+
+TEST_F(CliCommandsTest, ABadRecordExitsOneWithItsLine) {
+  ASSERT_EQ(Cli("selfplay --games 1 --max-rounds 5 --records .").code, 0);
+  std::string record = FileText(folder_.File("game-1.vrec"));
+  const std::size_t round2 = record.find("\n2. ");
+  ASSERT_NE(round2, std::string::npos);
+  record.replace(round2 + 1, 2, "3.");
+  PutFile(Path("bad.vrec"), record);
+  const int line =
+      1 + static_cast<int>(std::count(record.begin(), record.begin() + round2 + 1, '\n'));
+  for (const char* command : {"record bad.vrec", "replay bad.vrec"}) {
+    const CliRun run = Cli(command);
+    EXPECT_EQ(run.code, 1) << command;
+    EXPECT_NE(
+        run.err.find("bad.vrec: line " + std::to_string(line) + ": the game is in round 2, not 3"),
+        std::string::npos)
+        << run.err;
+  }
+  EXPECT_EQ(Cli("replay").code, 2);
+  EXPECT_EQ(Cli("replay game-1.vrec --ply -1").code, 2);
+  EXPECT_EQ(Cli("selfplay --games 1 --records no-such-folder").code, 2);
+}
+
+TEST_F(CliCommandsTest, ASavedGameGivesItsRecord) {
+  const Game saved = Played("new --players 0,1,2,3 --name Friday");
+  PutFile(Path("friday.txt"), FileText(Path("out.txt")));
+  const CliRun record = Cli("record friday.txt");
+  EXPECT_EQ(record.code, 0) << record.err;
+  EXPECT_NE(record.out.find("[Name \"Friday\"]\n"), std::string::npos);
+  EXPECT_NE(record.out.find("[Blue \"Aggressive\"]\n[BlueLevel \"Classic\"]\n"), std::string::npos);
+  EXPECT_NE(record.out.find("[Start \"standard\"]\n"), std::string::npos);
+  PutFile(Path("friday.vrec"), record.out);
+  // The same game, with no marks: they mean nothing once a game is read.
+  const Game replayed = Played("replay friday.vrec");
+  EXPECT_EQ(replayed.match.position, saved.match.position);
+  EXPECT_EQ(replayed.match.setup, saved.match.setup);
 }
 
 }  // namespace
