@@ -18,14 +18,7 @@ constexpr const char* kNewUsage =
 constexpr const char* kApplyUsage = "usage: varkesh-cli apply FILE FX FY TX TY [--option K]\n";
 constexpr const char* kResignUsage = "usage: varkesh-cli resign FILE [--to TEAM] [--no]\n";
 
-class CliCommandsTest : public CliTest {
- protected:
-  void Keep(const std::string& name, const std::string& arguments) const {
-    const CliRun run = Cli(arguments);
-    ASSERT_EQ(run.code, 0) << run.err;
-    PutFile(Path(name), run.out);
-  }
-};
+using CliCommandsTest = CliTest;
 
 int Pieces(const Game& game, int team) {
   const auto& squares = game.match.position.board.squares;
@@ -70,10 +63,10 @@ TEST_F(CliCommandsTest, ApplyPicksThePawnsOption) {
 }
 
 TEST_F(CliCommandsTest, ResignConcedesToTheChosenTeamOrAsksFirst) {
-  Keep("anarchy.txt", "new --type 3");
+  Put("anarchy.txt", Played("new --type 3"));
   EXPECT_EQ(Pieces(Played("resign anarchy.txt --to 4"), kRed), 31);
   EXPECT_EQ(Pieces(Played("resign anarchy.txt"), kBlue), 31) << "the first team offered";
-  Keep("lost.txt", "new --rule 2");
+  Put("lost.txt", Played("new --rule 2"));
   EXPECT_EQ(Pieces(Played("resign lost.txt --no"), kWhite), 16);
   EXPECT_EQ(Pieces(Played("resign lost.txt"), kWhite), 0);
 }
@@ -92,7 +85,7 @@ TEST_F(CliCommandsTest, EncodeThenDecodeGivesTheExactLayoutBack) {
 }
 
 TEST_F(CliCommandsTest, RefusalsSayWhyAndExitWithOneForBadInputAndTwoForUsage) {
-  Keep("game.txt", "new");
+  Put("game.txt", Played("new"));
   std::string coded = EncodeText(FileText(Path("game.txt")));
   PutFile(Path("cut.vsh"), coded.substr(0, coded.size() - 10));
   PutFile(Path("bad.txt"), "\"Bad\"\r\n3\r\n");

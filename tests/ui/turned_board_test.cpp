@@ -36,10 +36,12 @@ TEST(BoardTurn, EachArmyTurnedToTheBottomAndBackAgain) {
 
 // Which army is turned down otherwise is seen in the games played here and
 // in NetPlay.
-TEST(BoardTurn, AComputerOnTurnLeavesTheBoardAndAChoiceStandsInASession) {
+TEST(BoardTurn, UnturnedAtHomeAComputerOnTurnLeavesTheBoardAChoiceStandsInASession) {
   Game game;
   game.turn.gameMode = ModeChoosePiece;
   game.match.setup.playerKinds = {kHuman, kHuman, kAggressive, kHuman};
+  game.match.position.currentTeam = kRed;
+  EXPECT_EQ(BottomTeamFor(game, TurnChoice::Unchosen), kWhite) << "unturned at home";
   game.view.bottomTeam = kRed;
   game.match.position.currentTeam = kBlack;
   EXPECT_EQ(BottomTeamFor(game, TurnChoice::Mine), kRed);
