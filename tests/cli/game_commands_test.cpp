@@ -2,7 +2,6 @@
 // selfplay --records, run as a player runs them: what each prints, and its
 // exit code.
 #include <algorithm>
-#include <array>
 #include <filesystem>
 
 #include "cli/cli_fixture.h"

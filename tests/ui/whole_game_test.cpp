@@ -71,9 +71,6 @@ TEST(WholeGame, FromTheFirstRunToTheVictoryScreenAndBackFromTheCommandLine) {
     run.PressShortcut(Qt::Key_L);
   }
   EXPECT_EQ(game.match.position.board.squares, savedBoard.squares);
-  EXPECT_EQ(std::tuple(game.match.position.currentTeam, game.match.position.roundNumber,
-                       game.turn.gameMode),
-            std::tuple(kWhite, 2, ModeChoosePiece));
 
   // A White Pawn at the door of Black's keep walks in and takes its second option.
   game.match.position.board.at(8, 3).team = kWhite;
