@@ -4,10 +4,8 @@
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 #include "core/apply_move.h"
-#include "core/pawn_options.h"
 #include "rules_fixture.h"
 
 namespace varkesh {
@@ -162,19 +160,6 @@ TEST(ApplyMove, SquaresOffTheArrayChangeNothing) {
     UndoMove(position, move, undo);
     EXPECT_TRUE(position == before);
   }
-}
-
-TEST(PawnOptions, TheDialogLinesInOrderCapturesFirst) {
-  Position position = test::Place(KingHunt(kKingdomGained));
-  const MoveOptions options = PawnOptionsOfMove(position, 6, 3, 6, 2);
-  EXPECT_TRUE(options.due);
-  std::vector<std::string> lines;
-  for (const PawnOption& option : options.options)
-    lines.push_back(PawnOptionText(options.after, 6, 2, option));
-  EXPECT_EQ(lines, (std::vector<std::string>{"Capture Black's Rook", "Capture Black's Dark Bishop",
-                                             "Free your Queen"}));
-  EXPECT_FALSE(PawnOptionsOfMove(position, 8, 13, 8, 12).due);
-  EXPECT_TRUE(position == test::Place(KingHunt(kKingdomGained)));
 }
 
 }  // namespace

@@ -41,14 +41,6 @@ TEST(KingScan, FindsTheFirstLiveKingRowByRow) {
   EXPECT_EQ(King(Place(kAnarchy, "WK 8,15 WK 10,14"), kWhite), (BoardSquare{10, 14}));
 }
 
-TEST(History, NewestFirstAndTheFourthDropsTheFirst) {
-  Position position;
-  for (int n = 1; n <= 4; ++n) AddToHistory(position, n, n + 1, n + 2, n + 3, n, n == 2);
-  EXPECT_EQ(position.history, (std::array<HistoryMove, 3>{HistoryMove{4, 5, 6, 7, 4, false},
-                                                          HistoryMove{3, 4, 5, 6, 3, false},
-                                                          HistoryMove{2, 3, 4, 5, 2, true}}));
-}
-
 TEST(PassTurn, SkipsEveryFallenKingdomInARowAndCountsTheRoundAtTheWrap) {
   struct Case {
     const char* fallen;

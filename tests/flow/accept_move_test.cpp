@@ -132,15 +132,10 @@ TEST_F(HumanTurnTest, EachKindOfMoveHasItsSoundAndTheTurnGoesRound) {
 
 TEST(TurnLabelTest, CountsRoundsInOrdinals) {
   Position position;
-  for (auto [round, text] : {std::pair{1, "1st"},
-                             {2, "2nd"},
-                             {3, "3rd"},
-                             {4, "4th"},
-                             {11, "11th"},
-                             {12, "12th"},
-                             {13, "13th"},
-                             {21, "21st"},
-                             {102, "102nd"}}) {
+  const std::pair<int, const char*> ordinals[] = {{1, "1st"},   {2, "2nd"},   {3, "3rd"},
+                                                  {4, "4th"},   {11, "11th"}, {12, "12th"},
+                                                  {13, "13th"}, {21, "21st"}, {102, "102nd"}};
+  for (auto [round, text] : ordinals) {
     position.roundNumber = round;
     EXPECT_EQ(TurnText(position, varkesh::Setup{}),
               std::string(text) + " Round, White Player (Human)");

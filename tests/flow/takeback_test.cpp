@@ -95,15 +95,6 @@ TEST_F(TakebackTest, ASavedGameLoadedAndTakenBackToItsStartIsTheNewGame) {
   EXPECT_EQ(loaded.match.record, start.record);
 }
 
-TEST_F(TakebackTest, NotWhileTheComputerThinks) {
-  StartAgainstComputers();
-  PlayRound();
-  game.turn.gameMode = ModeComputerThinks;
-  EXPECT_FALSE(CanTakeBack(game));
-  game.turn.gameMode = ModeChoosePiece;
-  EXPECT_TRUE(CanTakeBack(game));
-}
-
 // A game sent over the network begins a record of its own, unless it stands
 // where the record of before passed: then that part is kept.
 TEST_F(TakebackTest, AGameSentAgainKeepsTheRecordThatLeadsToIt) {

@@ -146,6 +146,10 @@ TEST(RecordTextTest, ADamagedRecordIsRefusedWithLineAndReason) {
   // 15 round 1, 16 round 2, 17 round 3.
   const std::size_t round2 = good.find("\n2. ") + 1;
   const std::size_t firstMove = good.find("1. White ") + 9;
+  // White's first move, as "Ph13-h12", and its square of departure.
+  const std::string first =
+      good.substr(firstMove, good.find_first_of(" \n", firstMove) - firstMove);
+  const std::string departure = first.substr(0, first.find('-'));
   struct Case {
     std::string text;
     int line;
@@ -171,6 +175,15 @@ TEST(RecordTextTest, ADamagedRecordIsRefusedWithLineAndReason) {
       {swapped("[Start \"standard\"]", "[Start \"8/8 w 1\"]"), 13, "8 fields"},
       {replaced(firstMove, 1, "Q"), 15, "no Queen of White stands"},
       {replaced(firstMove - 6, 5, "Blue "), 15, "White is on turn, not Blue"},
+      {replaced(firstMove, first.size(), departure + "x" + first.substr(departure.size() + 1)), 15,
+       "captures nothing"},
+      {replaced(firstMove, first.size(), first + "#"), 15, "takes no King"},
+      {replaced(firstMove, first.size(), departure + "-" + departure.substr(1)), 15,
+       "not a legal move"},
+      {replaced(firstMove, first.size(), first + "=0"), 15, "pawn option"},
+      {replaced(firstMove, first.size(), departure + "+" + first.substr(departure.size() + 1)), 15,
+       "does not read"},
+      {replaced(firstMove, first.size(), "resigns(Purple)"), 15, "names no team"},
       {replaced(round2, 2, "5."), 16, "the game is in round 2, not 5"},
       {replaced(round2, 2, "two"), 16, "begins with its round"},
       {good + "4. White resigns {unclosed\n", 18, "a comment is not closed"},
@@ -185,36 +198,6 @@ TEST(RecordTextTest, ADamagedRecordIsRefusedWithLineAndReason) {
     EXPECT_EQ(problem->line, c.line) << problem->Text();
     EXPECT_NE(problem->reason.find(c.reason), std::string::npos) << problem->Text();
     EXPECT_EQ(kept, before);
-  }
-}
-
-TEST(RecordTextTest, AnIllegalOrMismarkedMoveIsRefused) {
-  Match match = NewMatch(kAnarchy, kKingdomGained);
-  const std::string good = Written(RecordOf(match));
-  MoveList moves;
-  ListMoves(match.position, moves);
-  const Move move = moves[0];
-  const std::string piece(1, PieceLetter(match.position.board.at(move.fromX, move.fromY).piece));
-  const std::string from = piece + SquareName(move.fromX, move.fromY);
-  const std::string to = SquareName(move.toX, move.toY);
-  const struct {
-    std::string move;
-    std::string reason;
-  } cases[] = {
-      {from + "x" + to, "captures nothing"},
-      {from + "-" + to + "#", "takes no King"},
-      {from + "-" + SquareName(move.fromX, move.fromY), "not a legal move"},
-      {from + "-" + to + "=0", "pawn option"},
-      {from + "+" + to, "does not read"},
-      {"resigns(Purple)", "names no team"},
-  };
-  for (const auto& c : cases) {
-    GameRecord read;
-    const std::optional<RecordProblem> problem =
-        ReadRecordText(good + "1. White " + c.move + "\n", &StandardBoard(), read);
-    ASSERT_TRUE(problem.has_value()) << c.move;
-    EXPECT_EQ(problem->line, 15);
-    EXPECT_NE(problem->reason.find(c.reason), std::string::npos) << problem->Text();
   }
 }
 

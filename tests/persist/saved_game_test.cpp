@@ -1,15 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <stdexcept>
 #include <tuple>
 #include <vector>
 
-#include "core/rules.h"
-#include "persist/file_coder.h"
 #include "persist/game_text.h"
 #include "persist/sample_game.h"
-#include "persist/saved_game.h"
 
 namespace varkesh {
 namespace {
@@ -100,40 +96,6 @@ TEST(GameText, RejectsEachFaultNamingTheLineAndLeavingTheTargetAlone) {
   }
   EXPECT_TRUE(target.position == before.position);
   EXPECT_EQ(target.setup, before.setup);
-}
-
-TEST(FileCoder, GivesBackWhatItWasGivenAndTellsForeignFilesFromDamagedGames) {
-  const std::string kForeign = "This file is not a Varkesh saved game";
-  const std::string kDamaged = "This saved game is damaged";
-  const Match sample = SampleMatch();
-  const std::string game = WriteGameText(sample.position, sample.setup);
-  for (const std::string& plain : {game, std::string("\0\x01\xff\r\n\"x", 7), std::string()})
-    EXPECT_EQ(DecodeText(EncodeText(plain)), plain);
-  const std::string coded = EncodeText(game);
-  auto flipped = [&](std::size_t at, char bits) {
-    std::string copy = coded;
-    copy[at] ^= bits;
-    return copy;
-  };
-  const std::pair<std::string, std::string> cases[] = {
-      {"", kForeign},
-      {game, kForeign},
-      {coded.substr(0, 12), kForeign},  // shorter than the header
-      {flipped(4, 4), kForeign},        // another version
-      {coded.substr(0, coded.size() - 3), kDamaged},
-      {coded + "tail", kDamaged},
-      {flipped(5, 1), kDamaged},     // length
-      {flipped(8, 0x70), kDamaged},  // a length no game has
-      {flipped(9, 1), kDamaged},     // checksum
-      {flipped(coded.size() / 2, 0x40), kDamaged}};
-  for (std::size_t i = 0; i < std::size(cases); ++i) {
-    try {
-      DecodeText(cases[i].first);
-      ADD_FAILURE() << "case " << i << " decoded";
-    } catch (const std::runtime_error& error) {
-      EXPECT_EQ(error.what(), cases[i].second) << "case " << i;
-    }
-  }
 }
 
 }  // namespace

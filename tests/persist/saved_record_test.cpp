@@ -103,14 +103,28 @@ TEST(SavedGame, ARecordThatDoesNotLeadToTheSavedPositionIsDropped) {
 }
 
 TEST(SavedGame, ADamagedFileIsRefusedWithItsReasonAndTheGameKept) {
+  const std::string kForeign = "This file is not a Varkesh saved game";
+  const std::string kDamaged = "This saved game is damaged";
   const Match sample = SampleMatch();
   const std::string text = WriteGameText(sample.position, sample.setup);
   const std::string coded = EncodeSavedGame(RecordedMatch(), nullptr);
+  auto flipped = [&](std::size_t at, char bits) {
+    std::string copy = coded;
+    copy[at] ^= bits;
+    return copy;
+  };
   const std::pair<std::string, std::string> cases[] = {
-      {"", "This file is not a Varkesh saved game"},
-      {text, "This file is not a Varkesh saved game"},
-      {coded.substr(0, coded.size() - 1), "This saved game is damaged"},
-      {EncodeTexts({}), "This saved game is damaged"},
+      {"", kForeign},
+      {text, kForeign},
+      {coded.substr(0, 12), kForeign},  // shorter than the header
+      {flipped(4, 4), kForeign},        // another version
+      {coded.substr(0, coded.size() - 1), kDamaged},
+      {coded + "tail", kDamaged},
+      {flipped(5, 1), kDamaged},     // length
+      {flipped(8, 0x70), kDamaged},  // a length no game has
+      {flipped(9, 1), kDamaged},     // checksum
+      {flipped(coded.size() / 2, 0x40), kDamaged},
+      {EncodeTexts({}), kDamaged},
       {EncodeTexts({"Friday"}), "line 1: the game name must stand between double quotes"},
       {EncodeTexts({text.substr(0, text.size() / 2)}), "line 150: expected 5 fields, found 4"},
   };
