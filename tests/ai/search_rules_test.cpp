@@ -53,14 +53,6 @@ TEST(SearchRulesTest, ReturnsOnlyLegalMovesInEveryGameType) {
   }
 }
 
-TEST(SearchRulesTest, SearchLeavesThePositionUntouchedAndNeedsAMove) {
-  Position position = StartPosition(kAlliedNeighbors);
-  position.winner = kWhite;
-  search::SearchLimits limits;
-  limits.depth = 3;
-  EXPECT_FALSE(Think(position, kLevelMaster, limits).found);
-}
-
 TEST(SearchRulesTest, FixedLimitsGiveTheSameMoveEveryTime) {
   struct Case {
     int gameType;

@@ -2,7 +2,6 @@
 // pieces are listed, in which order, and what the checked entry points accept.
 #include <cstdio>
 #include <cstring>
-#include <tuple>
 
 #include "core/piece_moves.h"
 #include "rules_fixture.h"
@@ -37,21 +36,6 @@ TEST(ListMoves, ThePiecesOfTheTeamOnTurnInScanOrderEachSquareOnce) {
   EXPECT_TRUE(moves.Empty());
   EXPECT_EQ(CountBranches(position), 0);
   EXPECT_FALSE(IsListedMove(position, 8, 3, 8, 4));
-}
-
-TEST(IsListedMove, OnlyAPieceOfTheTeamOnTurnToOneOfItsDestinations) {
-  const Position position = test::Place(SmallLayout());
-  const std::tuple<int, int, int, int, bool> cases[] = {
-      {8, 8, 8, 4, true},    {8, 15, 8, 16, true}, {8, 8, 9, 9, true},
-      {8, 3, 8, 4, false},    // Black's, not on turn
-      {6, 14, 6, 13, false},  // frozen
-      {9, 9, 9, 8, false},    // empty
-      {8, 8, 8, 17, false},  {-1, 8, 8, 8, false}, {8, 8, 9, 10, false}};
-  for (const auto& [fx, fy, tx, ty, listed] : cases) {
-    EXPECT_EQ(IsListedMove(position, fx, fy, tx, ty), listed)
-        << fx << "," << fy << "-" << tx << "," << ty;
-    EXPECT_EQ(IsLegal(position, Move::Of(fx, fy, tx, ty)), listed);
-  }
 }
 
 // The first piece named moves.

@@ -28,17 +28,12 @@ TEST(LackOfMaterial, LivePawnsCountOneOtherPiecesTwoTheKingNothingBelowFiveLacks
   EXPECT_FALSE(LackOfMaterial(Place(kAnarchy, "RQ 8,8 RR 9,8 RC 10,8"), kRed));
 }
 
-BoardSquare King(const Position& position, int team) {
-  return {KingColumn(position, team), KingRow(position, team)};
-}
-
-TEST(KingScan, FindsTheFirstLiveKingRowByRow) {
-  EXPECT_EQ(King(Place(kAnarchy, "KK 7,7"), kWhite), (BoardSquare{0, 0}));
-  const Position position = Place(kAnarchy, "WK 8,15 -WK 9,9 KK 7,7");
-  EXPECT_EQ(King(position, kWhite), (BoardSquare{8, 15}));
-  EXPECT_EQ(King(position, kBlack), (BoardSquare{7, 7}));
-  // Row 14 comes before row 15, though further right.
-  EXPECT_EQ(King(Place(kAnarchy, "WK 8,15 WK 10,14"), kWhite), (BoardSquare{10, 14}));
+// A team without a live King (a hand-made or damaged game) finds a square
+// still on the board.
+TEST(KingScan, NoLiveKingIsTheCorner) {
+  const Position position = Place(kAnarchy, "KK 7,7 -WK 9,9");
+  EXPECT_EQ(KingColumn(position, kWhite), 0);
+  EXPECT_EQ(KingRow(position, kWhite), 0);
 }
 
 TEST(PassTurn, SkipsEveryFallenKingdomInARowAndCountsTheRoundAtTheWrap) {

