@@ -132,28 +132,5 @@ TEST(Perft, EveryBranchIsTakenBackExactly) {
   }
 }
 
-// The branches of a pawn that enters a keep: each line of the options, then
-// the dialog closed; with no line, the pawn is simply lost.
-TEST(Perft, PawnOptionBranches) {
-  Position position =
-      test::Place({kCrossroadAllies, kKingdomGained, kPawnOptions, "", "", "", "R:WR,WK,KQ"});
-  MoveList branches;
-  ListBranches(position, branches);
-  std::vector<int> intoRedKeep;
-  for (const Move& move : branches)
-    if (move.fromX == 13 && move.fromY == 7 && move.toX == 14 && move.toY == 7)
-      intoRedKeep.push_back(move.option);
-  // Red's Bishop and the Blue Knight to take, White's Rook to free (never the King).
-  EXPECT_EQ(intoRedKeep, (std::vector<int>{0, 1, 2, kOptionClosed}));
-  EXPECT_EQ(CountBranches(position), branches.Count());
-
-  position.currentTeam = kBlue;
-  ListBranches(position, branches);
-  std::vector<int> intoWhiteKeep;
-  for (const Move& move : branches)
-    if (move.fromX == 6 && move.fromY == 13) intoWhiteKeep.push_back(move.option);
-  EXPECT_EQ(intoWhiteKeep, (std::vector<int>{kOptionNone}));
-}
-
 }  // namespace
 }  // namespace varkesh

@@ -39,11 +39,15 @@ class GdiTest : public ::testing::Test {
   }
   Rgb Pixel(PicNum pic, int x, int y) const { return Colour(gdi.Picture(pic), x, y); }
 
-  int Viewport(int width, int height, QSize windowSize) {
+  int Viewport(int width, int height, QSize size) {
+    windowSize = size;
     int view = gdi.NewViewport("picTest", width, height);
-    gdi.AttachWindow(view, {[windowSize] { return windowSize; },
-                            [this](const QRect& area) { repaints.push_back(area); }});
+    Attach(view);
     return view;
+  }
+  void Attach(int view) {
+    gdi.AttachWindow(view, {[this] { return windowSize; },
+                            [this](const QRect& area) { repaints.push_back(area); }});
   }
 
   GeneralEngine engine;
@@ -51,6 +55,7 @@ class GdiTest : public ::testing::Test {
   double now = 0.0;
   Gdi gdi{engine, [this] { return now; }, random};
   std::vector<QRect> repaints;
+  QSize windowSize;  // of the window a view is shown in; empty when minimized
 };
 
 TEST_F(GdiTest, OnlyNumbersHandedOutHaveASizeAndOnlyPicturesWithPixelsAreDrawnFrom) {
@@ -115,10 +120,7 @@ TEST_F(GdiTest, AWindowOfAnotherSizeShowsTheWholePictureStretched) {
 }
 
 TEST_F(GdiTest, AFrameThatChangedNothingIsNotRepaintedAndAMinimizedWindowWaits) {
-  QSize windowSize(40, 30);
-  int view = gdi.NewViewport("picTest", 40, 30);
-  gdi.AttachWindow(view, {[&windowSize] { return windowSize; },
-                          [this](const QRect& area) { repaints.push_back(area); }});
+  int view = Viewport(40, 30, QSize(40, 30));
   PicNum back = gdi.BackBuffer(view);
   Paint(back, QRect(0, 0, 40, 30), kTeal);
   gdi.ShowViewport(view);
@@ -139,9 +141,7 @@ TEST_F(GdiTest, AFrameThatChangedNothingIsNotRepaintedAndAMinimizedWindowWaits) 
   EXPECT_EQ(repaints.back(), QRect(5, 6, 2, 2));
   EXPECT_EQ(Colour(gdi.ScreenImage(view), 6, 7), kRed);
 
-  windowSize = QSize(40, 30);
-  gdi.AttachWindow(view, {[&windowSize] { return windowSize; },
-                          [this](const QRect& area) { repaints.push_back(area); }});
+  Attach(view);
   gdi.ShowViewport(view);
   EXPECT_EQ(repaints.back(), QRect(0, 0, 40, 30)) << "a new window is filled whole";
 }
