@@ -38,7 +38,9 @@ TEST(ListMoves, ThePiecesOfTheTeamOnTurnInScanOrderEachSquareOnce) {
   EXPECT_FALSE(IsListedMove(position, 8, 3, 8, 4));
 }
 
-// The first piece named moves.
+// The first piece named moves. Most of each piece's rule shows in the perft
+// counts and in the branch counter's agreement with the list; these are the
+// cases those miss.
 struct MoveCase {
   const char* name;
   int gameType;
@@ -66,16 +68,8 @@ void Check(const std::vector<MoveCase>& cases) {
 
 TEST(PieceRules, Pawn) {
   Check({
-      {"own moat: single and double step", kAnarchy, "WP 8,13", "8,12 8,11"},
-      {"any team's own moat", kAnarchy, "RP 13,8", "12,8 11,8"},
       {"takes first, the double step never", kAnarchy, "WP 8,13 RB 7,12 WB 9,12 KR 8,11",
        "7,12 8,12"},
-      {"own moat: not along it, not back into the keep", kAnarchy, "WP 8,13 WN 8,12", ""},
-      {"battlefield into a hostile moat", kAlliedNeighbors, "WP 8,4", "8,3 7,4 9,4 8,5"},
-      {"never into an ally's moat", kCrossroadAllies, "WP 8,4", "7,4 9,4 8,5"},
-      {"never onto a fallen moat", kAnarchy, "WP 8,4 KR 7,3", "7,4 9,4 8,5", "K"},
-      {"takes on a hostile moat, never an ally's piece", kAlliedNeighbors, "WP 8,4 KR 7,3 BR 9,3",
-       "7,3 8,3 7,4 9,4 8,5"},
       {"hostile pieces in an ally's moat are safe", kAlliedNeighbors, "WP 4,8 KR 3,7 RR 3,9",
        "4,7 5,8 4,9"},
       {"foreign moat: only into the keep", kAnarchy, "WP 8,3 KQ 7,2 WR 9,2", "7,2 8,2"},
@@ -90,16 +84,12 @@ TEST(PieceRules, CastlePawn) {
       {"steps orthogonally, takes diagonally", kAnarchy, "WC 8,15 KR 7,14 WR 9,14",
        "7,14 8,14 7,15 9,15 8,16"},
       {"goes on inside an enemy keep", kAnarchy, "WC 8,1", "8,0 7,1 9,1 8,2"},
-      {"never onto its own fallen realm", kAnarchy, "WC 8,16", "", "W"},
-      {"nor onto a fallen moat to take", kAnarchy, "RC 8,4 WQ 7,3", "7,4 9,4 8,5", "K"},
   });
 }
 
 TEST(PieceRules, KnightAndKing) {
   Check({
       {"Knight lands on any ground", kAnarchy, "WN 6,4", "7,2 8,3 4,5 8,5 5,6 7,6", "K"},
-      {"Knight jumps and takes only hostile pieces", kAlliedNeighbors,
-       "WN 8,8 KP 7,6 WP 6,7 -RR 10,7 BP 10,9 WQ 9,7", "7,6 9,6 6,9 7,10 9,10"},
       {"King: frozen, own and hostile neighbours; another team's right is no corner", kAnarchy,
        "WK 8,8 -BB 8,7 KQ 9,9 WR 7,9", "7,7 9,7 7,8 9,8 8,9 9,9", "", kBlue},
       {"King: the castle move onto its Castle Pawn comes last", kAnarchy, "WK 8,15 WC 8,16",
@@ -115,22 +105,12 @@ TEST(PieceRules, KnightAndKing) {
 
 TEST(PieceRules, Sliders) {
   Check({
-      {"stops on a hostile moat, passes its own, takes in a keep", kAnarchy, "WR 8,8 BQ 8,15",
-       "8,7..8,3 8,9..8,15 7,8..3,8 9,8..13,8"},
-      {"passes an ally's moat", kAlliedNeighbors, "WR 8,8",
-       "8,7..8,3 8,9..8,16 7,8..0,8 9,8..13,8"},
-      {"frozen wall, ally stops, hostile taken", kAlliedNeighbors,
-       "WR 8,8 -RQ 8,4 BP 8,11 KP 5,8 WP 11,8", "8,7..8,5 8,9..8,10 7,8..5,8 9,8..10,8"},
-      {"leaves a foreign realm across its moat in one move", kAnarchy, "KR 8,15",
-       "8,14..8,0 8,16 7,15 9,15"},
       {"runs along the moat line it stands on", kAnarchy, "WR 8,3",
        "8,2..8,0 8,4..8,16 7,3..5,3 9,3..11,3"},
       {"and along a fallen one", kAnarchy, "BR 7,13", "7,12..7,3 7,14..7,15 6,13..5,13 8,13..11,13",
        "W"},
       {"from the battlefield a fallen moat ends the ray", kAnarchy, "RR 8,8",
        "8,7..8,3 8,9..8,13 7,8..3,8 9,8..16,8", "W"},
-      {"Bishop from a keep crosses that realm's moat", kAnarchy, "KB 7,15",
-       "6,14..3,11 8,14..13,9 8,16"},
       {"Bishop from one fallen moat stops on another", kAnarchy, "BB 7,13",
        "6,12..1,7 8,12..13,7 8,14..9,15 6,14", "WR"},
       {"a Queen there slides on", kAnarchy, "BQ 7,13",
