@@ -97,5 +97,37 @@ TEST(SearchEvaluationTest, LatePiecesCloseInOnATeamNearItsFall) {
   }
 }
 
+struct Raid {
+  std::string name;
+  DungeonPiece prisoner;  // held by Red; none when its team is 0
+  bool drawn;
+};
+
+// Late in the game a pawn heads for a hostile keep whose dungeon holds a
+// piece of its own team, which the raid would free; the two squares are
+// otherwise alike, each one step from a hostile moat line.
+TEST(SearchEvaluationTest, LatePawnsHeadForAKeepThatHoldsTheirTeamsPieces) {
+  const Raid raids[] = {
+      {"NoPrisoner", {}, false},
+      {"AnotherTeamsRook", {kBlack, kRook}, false},
+      {"OwnRook", {kWhite, kRook}, true},
+  };
+  std::vector<Piece> armies;
+  for (int team = kWhite; team <= kRed; ++team) armies = With(armies, Kingdom(team));
+  for (const Raid& raid : raids) {
+    SCOPED_TRACE(raid.name);
+    Position near = HandMade(kAnarchy, kWhite, With(armies, {{12, 8, kWhite, kPawn}}));
+    Position far = HandMade(kAnarchy, kWhite, With(armies, {{4, 8, kWhite, kPawn}}));
+    if (raid.prisoner.team != kNoTeam)
+      for (Position* position : {&near, &far})
+        position->dungeons[kRed - 1].prisoners.Add(raid.prisoner);
+    EXPECT_EQ(Score(near, kEarly), Score(far, kEarly));
+    EXPECT_EQ(Score(near, kLate) > Score(far, kLate), raid.drawn);
+    if (!raid.drawn) {
+      EXPECT_EQ(Score(near, kLate), Score(far, kLate));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace varkesh

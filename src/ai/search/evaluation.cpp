@@ -144,22 +144,69 @@ Targets TargetsOf(const Position& position, int team,
   return targets;
 }
 
+// How far a square is from the moat line in front of the keep of other,
+// where a pawn begins its raid.
+int MoatLineDistance(int other, int index) {
+  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
+  const bool rows = other == kWhite || other == kBlack;
+  const int along = rows ? SquareY(index) : SquareX(index);
+  return std::min(std::abs(along - kMoatLine[static_cast<std::size_t>(other - 1)]), kFarthest);
+}
+
+bool StandingHostile(const Position& position, int team, int other) {
+  return !TeamEntry(position.kingdomFallen, other) && IsHostile(position.gameType, team, other);
+}
+
 // Without a pull towards the enemy nothing draws a side into the attack once
 // the captures run out, and a long game goes round in circles.
-// How far a square is from the moat line in front of a standing hostile
-// team's keep, where a pawn begins its raid.
+// How far a square is from the nearest standing hostile team's moat line.
 int MoatDistance(const Position& position, int team, int index) {
-  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
   int nearest = kFarthest;
-  for (int other = kWhite; other <= kRed; ++other) {
-    if (TeamEntry(position.kingdomFallen, other) || !IsHostile(position.gameType, team, other))
-      continue;
-    const bool rows = other == kWhite || other == kBlack;
-    const int along = rows ? SquareY(index) : SquareX(index);
-    const int distance = std::abs(along - kMoatLine[static_cast<std::size_t>(other - 1)]);
-    if (distance < nearest) nearest = distance;
-  }
+  for (int other = kWhite; other <= kRed; ++other)
+    if (StandingHostile(position, team, other))
+      nearest = std::min(nearest, MoatLineDistance(other, index));
   return nearest;
+}
+
+// What a pawn that gets into the keep of other can win there at best: the
+// strongest piece of its team that other holds prisoner.
+int RaidPrize(const Position& position, int team, int other, int personality) {
+  int prize = 0;
+  for (const DungeonPiece& prisoner :
+       position.dungeons[static_cast<std::size_t>(other - 1)].prisoners)
+    if (prisoner.team == team && prisoner.piece > kCastlePawn && prisoner.piece < kKing)
+      prize = std::max(prize, PieceValue(personality, prisoner.piece));
+  return prize;
+}
+
+// A share of the prize, the larger the nearer the pawn stands to the moat
+// line it raids through.
+constexpr int kRaidProspectShare = 4;
+
+// Thin teams late in a game often have nothing left to attack with but
+// pawns, and the pieces a hostile keep holds prisoner are the one way to
+// more material that neither side can take away: this draws pawns there.
+int RaidProspect(const Position& position, int team, int personality) {
+  std::array<int, kTeamCount> prize{};
+  bool any = false;
+  for (int other = kWhite; other <= kRed; ++other) {
+    if (!StandingHostile(position, team, other)) continue;
+    prize[static_cast<std::size_t>(other - 1)] = RaidPrize(position, team, other, personality);
+    any = any || prize[static_cast<std::size_t>(other - 1)] > 0;
+  }
+  if (!any) return 0;
+  int prospect = 0;
+  const auto& squares = position.board.squares;
+  position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
+    if (squares[static_cast<std::size_t>(index)].piece != kPawn) return;
+    int best = 0;
+    for (int other = kWhite; other <= kRed; ++other) {
+      const int nearness = kFarthest - MoatLineDistance(other, index);
+      best = std::max(best, prize[static_cast<std::size_t>(other - 1)] * nearness / kFarthest);
+    }
+    prospect += best;
+  });
+  return prospect / kRaidProspectShare;
 }
 
 int Hunt(const Position& position, int team, const Targets& targets) {
@@ -235,7 +282,9 @@ int Evaluate(const Position& position, const Sides& sides, const EvalWeights& we
     for (int t = kWhite; t <= kRed; ++t)
       if (!position.kingdomFallen[static_cast<std::size_t>(t - 1)])
         team[static_cast<std::size_t>(t - 1)] +=
-            Hunt(position, t, TargetsOf(position, t, tallies)) * weights.hunt / 100;
+            (Hunt(position, t, TargetsOf(position, t, tallies)) +
+             RaidProspect(position, t, weights.personality)) *
+            weights.hunt / 100;
   if (sides.PoolsReplies()) {
     // The lone team against the average of the three others.
     int others = 0;

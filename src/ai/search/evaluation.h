@@ -24,12 +24,15 @@ struct EvalWeights {
   // percent: the weight of the other side's score against one's own; in
   // Anarchy 100 is the average of the three others.
   int opponents = 100;
-  int hunt = 0;  // percent: pieces drawn towards the nearest hostile King
+  // percent: pieces drawn towards the nearest hostile King, and pawns
+  // towards a hostile keep that holds their team's pieces prisoner
+  int hunt = 0;
 };
 
 // The weights of a personality at a round of a game of gameType. The longer
-// the game, the keener every side is to trade and to close in on a hostile
-// King or a team near its fall, so that the game comes to an end.
+// the game, the keener every side is to trade, to close in on a hostile King
+// or a team near its fall, and to free its prisoners by a raid, so that the
+// game comes to an end.
 EvalWeights WeightsOf(int personality, int gameType, int round);
 
 // The score of side 0 of sides minus that of side 1. Finished games are the
