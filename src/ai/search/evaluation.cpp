@@ -124,13 +124,17 @@ struct Targets {
   int count = 0;
 };
 
+bool StandingHostile(const Position& position, int team, int other) {
+  return !TeamEntry(position.kingdomFallen, other) && IsHostile(position.gameType, team, other);
+}
+
 // The hostile Kings, and every piece of a hostile team close to falling.
 Targets TargetsOf(const Position& position, int team,
                   const std::array<TeamTally, kTeamCount>& tallies) {
   Targets targets;
   for (int other = kWhite; other <= kRed; ++other) {
     const std::size_t i = static_cast<std::size_t>(other - 1);
-    if (position.kingdomFallen[i] || !IsHostile(position.gameType, team, other)) continue;
+    if (!StandingHostile(position, team, other)) continue;
     if (tallies[i].count > kThinCount) {
       if (tallies[i].king != kNoKing && targets.count < kMaxTargets)
         targets.squares[static_cast<std::size_t>(targets.count++)] = tallies[i].king;
@@ -151,10 +155,6 @@ int MoatLineDistance(int other, int index) {
   const bool rows = other == kWhite || other == kBlack;
   const int along = rows ? SquareY(index) : SquareX(index);
   return std::min(std::abs(along - kMoatLine[static_cast<std::size_t>(other - 1)]), kFarthest);
-}
-
-bool StandingHostile(const Position& position, int team, int other) {
-  return !TeamEntry(position.kingdomFallen, other) && IsHostile(position.gameType, team, other);
 }
 
 // Without a pull towards the enemy nothing draws a side into the attack once
@@ -201,8 +201,9 @@ int RaidProspect(const Position& position, int team, int personality) {
     if (squares[static_cast<std::size_t>(index)].piece != kPawn) return;
     int best = 0;
     for (int other = kWhite; other <= kRed; ++other) {
-      const int nearness = kFarthest - MoatLineDistance(other, index);
-      best = std::max(best, prize[static_cast<std::size_t>(other - 1)] * nearness / kFarthest);
+      const int worth = prize[static_cast<std::size_t>(other - 1)];
+      if (worth > 0)
+        best = std::max(best, worth * (kFarthest - MoatLineDistance(other, index)) / kFarthest);
     }
     prospect += best;
   });
