@@ -99,25 +99,32 @@ TEST(SearchEvaluationTest, LatePiecesCloseInOnATeamNearItsFall) {
 
 struct Raid {
   std::string name;
+  int raider;             // White's Pawn or Castle Pawn
   DungeonPiece prisoner;  // held by Red; none when its team is 0
+  bool keeper;            // a Red Rook stands in Red's keep
   bool drawn;
 };
 
-// Late in the game a pawn heads for a hostile keep whose dungeon holds a
-// piece of its own team, which the raid would free; the two squares are
-// otherwise alike, each one step from a hostile moat line.
-TEST(SearchEvaluationTest, LatePawnsHeadForAKeepThatHoldsTheirTeamsPieces) {
+// Late in the game a pawn heads for a hostile keep where a raid wins
+// something: a piece of its own team held prisoner there, to free, or a
+// hostile piece standing in the keep, to take. The two squares are otherwise
+// alike, each two steps from a hostile keep.
+TEST(SearchEvaluationTest, LatePawnsHeadForAKeepWhereARaidWins) {
   const Raid raids[] = {
-      {"NoPrisoner", {}, false},
-      {"AnotherTeamsRook", {kBlack, kRook}, false},
-      {"OwnRook", {kWhite, kRook}, true},
+      {"NoPrize", kPawn, {}, false, false},
+      {"AnotherTeamsRookPrisoner", kPawn, {kBlack, kRook}, false, false},
+      {"OwnRookPrisoner", kPawn, {kWhite, kRook}, false, true},
+      {"RookInTheKeep", kPawn, {}, true, true},
+      {"CastlePawnToo", kCastlePawn, {}, true, true},
   };
   std::vector<Piece> armies;
   for (int team = kWhite; team <= kRed; ++team) armies = With(armies, Kingdom(team));
   for (const Raid& raid : raids) {
     SCOPED_TRACE(raid.name);
-    Position near = HandMade(kAnarchy, kWhite, With(armies, {{12, 8, kWhite, kPawn}}));
-    Position far = HandMade(kAnarchy, kWhite, With(armies, {{4, 8, kWhite, kPawn}}));
+    std::vector<Piece> board = armies;
+    if (raid.keeper) board = With(board, {{15, 9, kRed, kRook}});
+    Position near = HandMade(kAnarchy, kWhite, With(board, {{12, 8, kWhite, raid.raider}}));
+    Position far = HandMade(kAnarchy, kWhite, With(board, {{4, 8, kWhite, raid.raider}}));
     if (raid.prisoner.team != kNoTeam)
       for (Position* position : {&near, &far})
         position->dungeons[kRed - 1].prisoners.Add(raid.prisoner);

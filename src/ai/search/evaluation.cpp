@@ -7,6 +7,7 @@
 #include "ai/ai_values.h"
 #include "core/alliances.h"
 #include "core/geometry.h"
+#include "core/pawn_options.h"
 
 namespace varkesh::search {
 
@@ -148,13 +149,19 @@ Targets TargetsOf(const Position& position, int team,
   return targets;
 }
 
+// The row or column of a square, whichever runs from the keep first held by
+// place to the middle.
+int AlongKeepLine(int place, int index) {
+  return place == kWhite || place == kBlack ? SquareY(index) : SquareX(index);
+}
+
 // How far a square is from the moat line in front of the keep of other,
 // where a pawn begins its raid.
 int MoatLineDistance(int other, int index) {
   static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
-  const bool rows = other == kWhite || other == kBlack;
-  const int along = rows ? SquareY(index) : SquareX(index);
-  return std::min(std::abs(along - kMoatLine[static_cast<std::size_t>(other - 1)]), kFarthest);
+  return std::min(
+      std::abs(AlongKeepLine(other, index) - kMoatLine[static_cast<std::size_t>(other - 1)]),
+      kFarthest);
 }
 
 // Without a pull towards the enemy nothing draws a side into the attack once
@@ -168,42 +175,70 @@ int MoatDistance(const Position& position, int team, int index) {
   return nearest;
 }
 
-// What a pawn that gets into the keep of other can win there at best: the
-// strongest piece of its team that other holds prisoner.
-int RaidPrize(const Position& position, int team, int other, int personality) {
+// The corner square of each keep, by the team whose keep it was at the
+// start: a gained keep changes its realm, never its place.
+constexpr std::array<int, kTeamCount> kKeepCorner = {Board::Index(8, 16), Board::Index(0, 8),
+                                                     Board::Index(8, 0), Board::Index(16, 8)};
+
+// What a pawn of team that gets into the keep at place can win there at
+// best: the strongest hostile piece standing in the keep, which the pawn may
+// be spent to take, or the strongest piece of its team that the keep's owner
+// holds prisoner, which it may turn into.
+int RaidPrize(const Position& position, int team, int place, int personality) {
+  const int corner = kKeepCorner[static_cast<std::size_t>(place - 1)];
+  const int realm = position.board.squares[static_cast<std::size_t>(corner)].realm;
+  if (TeamIndex(realm) < 0 || !StandingHostile(position, team, realm)) return 0;
   int prize = 0;
+  const auto consider = [&](int piece) {
+    if (piece > kCastlePawn && piece < kKing)
+      prize = std::max(prize, PieceValue(personality, piece));
+  };
+  const KeepArea keep = KeepAround(SquareX(corner), SquareY(corner));
+  for (int y = keep.y0; y <= keep.y1; ++y)
+    for (int x = keep.x0; x <= keep.x1; ++x) {
+      const Square& square = position.board.at(x, y);
+      if (square.terrain == kKeep && square.piece > 0 &&
+          IsHostile(position.gameType, team, square.team))
+        consider(square.piece);
+    }
   for (const DungeonPiece& prisoner :
-       position.dungeons[static_cast<std::size_t>(other - 1)].prisoners)
-    if (prisoner.team == team && prisoner.piece > kCastlePawn && prisoner.piece < kKing)
-      prize = std::max(prize, PieceValue(personality, prisoner.piece));
+       position.dungeons[static_cast<std::size_t>(realm - 1)].prisoners)
+    if (prisoner.team == team) consider(prisoner.piece);
   return prize;
 }
 
-// A share of the prize, the larger the nearer the pawn stands to the moat
-// line it raids through.
+// How many steps a square lies outside the keep at place, counted along the
+// line from the keep to the middle; 0 inside it.
+int KeepDistance(int place, int index) {
+  const int along = AlongKeepLine(place, index);
+  return std::max(0, place == kWhite || place == kRed ? 14 - along : along - 2);
+}
+
+// A share of the prize, the larger the nearer the pawn stands to the keep.
 constexpr int kRaidProspectShare = 4;
 
 // Thin teams late in a game often have nothing left to attack with but
-// pawns, and the pieces a hostile keep holds prisoner are the one way to
-// more material that neither side can take away: this draws pawns there.
+// pawns, and a hostile keep with a prize in it is the one way to more
+// material that the other side cannot refuse by keeping out of reach: this
+// draws pawns and Castle Pawns there.
 int RaidProspect(const Position& position, int team, int personality) {
   std::array<int, kTeamCount> prize{};
   bool any = false;
-  for (int other = kWhite; other <= kRed; ++other) {
-    if (!StandingHostile(position, team, other)) continue;
-    prize[static_cast<std::size_t>(other - 1)] = RaidPrize(position, team, other, personality);
-    any = any || prize[static_cast<std::size_t>(other - 1)] > 0;
+  for (int place = kWhite; place <= kRed; ++place) {
+    prize[static_cast<std::size_t>(place - 1)] = RaidPrize(position, team, place, personality);
+    any = any || prize[static_cast<std::size_t>(place - 1)] > 0;
   }
   if (!any) return 0;
   int prospect = 0;
   const auto& squares = position.board.squares;
   position.pieces[static_cast<std::size_t>(team - 1)].ForEach([&](int index) {
-    if (squares[static_cast<std::size_t>(index)].piece != kPawn) return;
+    const int piece = squares[static_cast<std::size_t>(index)].piece;
+    if (piece != kPawn && piece != kCastlePawn) return;
     int best = 0;
-    for (int other = kWhite; other <= kRed; ++other) {
-      const int worth = prize[static_cast<std::size_t>(other - 1)];
+    for (int place = kWhite; place <= kRed; ++place) {
+      const int worth = prize[static_cast<std::size_t>(place - 1)];
       if (worth > 0)
-        best = std::max(best, worth * (kFarthest - MoatLineDistance(other, index)) / kFarthest);
+        best = std::max(best, worth * (kFarthest - KeepDistance(place, index)) / kFarthest);
     }
     prospect += best;
   });
