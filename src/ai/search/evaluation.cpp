@@ -7,7 +7,7 @@
 #include "ai/ai_values.h"
 #include "core/alliances.h"
 #include "core/geometry.h"
-#include "core/pawn_options.h"
+#include "core/terrain.h"
 
 namespace varkesh::search {
 
@@ -175,35 +175,65 @@ int MoatDistance(const Position& position, int team, int index) {
   return nearest;
 }
 
-// The corner square of each keep, by the team whose keep it was at the
+// The nine squares of each keep, by the team whose keep it was at the
 // start: a gained keep changes its realm, never its place.
-constexpr std::array<int, kTeamCount> kKeepCorner = {Board::Index(8, 16), Board::Index(0, 8),
-                                                     Board::Index(8, 0), Board::Index(16, 8)};
+constexpr std::size_t kKeepSize = 9;
+using KeepSquares = std::array<std::array<int, kKeepSize>, kTeamCount>;
+constexpr KeepSquares MakeKeepSquares() {
+  KeepSquares keeps{};
+  std::array<std::size_t, kTeamCount> count{};
+  for (int index : kGeometry.diamond) {
+    const Square laid = LaidOutSquare(SquareX(index), SquareY(index));
+    if (laid.terrain != kKeep) continue;
+    const std::size_t place = static_cast<std::size_t>(laid.realm - 1);
+    keeps[place][count[place]++] = index;
+  }
+  return keeps;
+}
+constexpr KeepSquares kKeepSquares = MakeKeepSquares();
+
+// What the keeps hold for a raid, looked at once per evaluation: each keep's
+// realm, and the strongest piece of each team that stands in it, which a
+// pawn of a team hostile to that one may be spent to take.
+struct KeepSurvey {
+  std::array<int, kTeamCount> realm{};
+  std::array<std::array<int, kTeamCount>, kTeamCount> standing{};  // by place, by team
+};
+
+KeepSurvey SurveyKeeps(const Position& position, int personality) {
+  KeepSurvey survey;
+  const auto& squares = position.board.squares;
+  for (std::size_t place = 0; place < kTeamCount; ++place) {
+    survey.realm[place] = squares[static_cast<std::size_t>(kKeepSquares[place][0])].realm;
+    for (int index : kKeepSquares[place]) {
+      const Square& square = squares[static_cast<std::size_t>(index)];
+      const int team = TeamIndex(square.team);
+      if (square.piece > kCastlePawn && square.piece < kKing && team >= 0) {
+        int& best = survey.standing[place][static_cast<std::size_t>(team)];
+        best = std::max(best, PieceValue(personality, square.piece));
+      }
+    }
+  }
+  return survey;
+}
 
 // What a pawn of team that gets into the keep at place can win there at
-// best: the strongest hostile piece standing in the keep, which the pawn may
-// be spent to take, or the strongest piece of its team that the keep's owner
-// holds prisoner, which it may turn into.
-int RaidPrize(const Position& position, int team, int place, int personality) {
-  const int corner = kKeepCorner[static_cast<std::size_t>(place - 1)];
-  const int realm = position.board.squares[static_cast<std::size_t>(corner)].realm;
+// best: the strongest hostile piece standing in the keep, or the strongest
+// piece of its team that the keep's owner holds prisoner, which it may turn
+// into.
+int RaidPrize(const Position& position, const KeepSurvey& keeps, int team, int place,
+              int personality) {
+  const std::size_t i = static_cast<std::size_t>(place - 1);
+  const int realm = keeps.realm[i];
   if (TeamIndex(realm) < 0 || !StandingHostile(position, team, realm)) return 0;
   int prize = 0;
-  const auto consider = [&](int piece) {
-    if (piece > kCastlePawn && piece < kKing)
-      prize = std::max(prize, PieceValue(personality, piece));
-  };
-  const KeepArea keep = KeepAround(SquareX(corner), SquareY(corner));
-  for (int y = keep.y0; y <= keep.y1; ++y)
-    for (int x = keep.x0; x <= keep.x1; ++x) {
-      const Square& square = position.board.at(x, y);
-      if (square.terrain == kKeep && square.piece > 0 &&
-          IsHostile(position.gameType, team, square.team))
-        consider(square.piece);
-    }
+  for (int other = kWhite; other <= kRed; ++other)
+    if (IsHostile(position.gameType, team, other))
+      prize = std::max(prize, keeps.standing[i][static_cast<std::size_t>(other - 1)]);
   for (const DungeonPiece& prisoner :
        position.dungeons[static_cast<std::size_t>(realm - 1)].prisoners)
-    if (prisoner.team == team) consider(prisoner.piece);
+    if (prisoner.team == team && prisoner.piece > kCastlePawn && prisoner.piece < kKing)
+      prize = std::max(prize, PieceValue(personality, prisoner.piece));
   return prize;
 }
 
@@ -221,11 +251,12 @@ constexpr int kRaidProspectShare = 4;
 // pawns, and a hostile keep with a prize in it is the one way to more
 // material that the other side cannot refuse by keeping out of reach: this
 // draws pawns and Castle Pawns there.
-int RaidProspect(const Position& position, int team, int personality) {
+int RaidProspect(const Position& position, const KeepSurvey& keeps, int team, int personality) {
   std::array<int, kTeamCount> prize{};
   bool any = false;
   for (int place = kWhite; place <= kRed; ++place) {
-    prize[static_cast<std::size_t>(place - 1)] = RaidPrize(position, team, place, personality);
+    prize[static_cast<std::size_t>(place - 1)] =
+        RaidPrize(position, keeps, team, place, personality);
     any = any || prize[static_cast<std::size_t>(place - 1)] > 0;
   }
   if (!any) return 0;
@@ -314,13 +345,15 @@ int Evaluate(const Position& position, const Sides& sides, const EvalWeights& we
     if (tallies[i].king != kNoKing)
       team[i] += KingSafety(position, t, tallies[i].king) * weights.safety / 100;
   }
-  if (weights.hunt > 0)
+  if (weights.hunt > 0) {
+    const KeepSurvey keeps = SurveyKeeps(position, weights.personality);
     for (int t = kWhite; t <= kRed; ++t)
       if (!position.kingdomFallen[static_cast<std::size_t>(t - 1)])
         team[static_cast<std::size_t>(t - 1)] +=
             (Hunt(position, t, TargetsOf(position, t, tallies)) +
-             RaidProspect(position, t, weights.personality)) *
+             RaidProspect(position, keeps, t, weights.personality)) *
             weights.hunt / 100;
+  }
   if (sides.PoolsReplies()) {
     // The lone team against the average of the three others.
     int others = 0;
