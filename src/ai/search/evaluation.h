@@ -25,14 +25,14 @@ struct EvalWeights {
   // Anarchy 100 is the average of the three others.
   int opponents = 100;
   // percent: pieces drawn towards the nearest hostile King, and pawns
-  // towards a hostile keep that holds their team's pieces prisoner
+  // towards a hostile keep where a raid wins a piece
   int hunt = 0;
 };
 
 // The weights of a personality at a round of a game of gameType. The longer
 // the game, the keener every side is to trade, to close in on a hostile King
-// or a team near its fall, and to free its prisoners by a raid, so that the
-// game comes to an end.
+// or a team near its fall, and to win a piece by a raid, so that the game
+// comes to an end.
 EvalWeights WeightsOf(int personality, int gameType, int round);
 
 // The score of side 0 of sides minus that of side 1. Finished games are the
