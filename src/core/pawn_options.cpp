@@ -9,10 +9,6 @@ namespace varkesh {
 
 namespace {
 
-bool CanBeTakenByOption(int piece) {
-  return piece >= kBishop && piece <= kQueen;
-}
-
 const Dungeon* DungeonOf(const Position& position, int team) {
   int index = TeamIndex(team);
   return index < 0 ? nullptr : &position.dungeons[static_cast<std::size_t>(index)];

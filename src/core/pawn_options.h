@@ -15,6 +15,12 @@ struct PawnOption {
   int argB = 0;
 };
 
+// Whether a piece of this kind standing in the keep may be taken by a pawn
+// spent there: a live Bishop, Rook, Knight or Queen.
+constexpr bool CanBeTakenByOption(int piece) {
+  return piece >= kBishop && piece <= kQueen;
+}
+
 // The 3 by 5 rectangle of the keep that (x, y) lies in: its nine keep squares
 // and six off the board. Empty (x1 < x0) for a square in no keep.
 struct KeepArea {

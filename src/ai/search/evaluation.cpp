@@ -7,6 +7,7 @@
 #include "ai/ai_values.h"
 #include "core/alliances.h"
 #include "core/geometry.h"
+#include "core/pawn_options.h"
 #include "core/terrain.h"
 
 namespace varkesh::search {
@@ -149,19 +150,28 @@ Targets TargetsOf(const Position& position, int team,
   return targets;
 }
 
-// The row or column of a square, whichever runs from the keep first held by
-// place to the middle.
-int AlongKeepLine(int place, int index) {
-  return place == kWhite || place == kBlack ? SquareY(index) : SquareX(index);
+// How many steps a square lies past the moat line in front of the keep
+// first held by place, counted towards that keep: 1 to 3 in the keep, 0 on
+// the moat line, less than 0 on the near side.
+int PastMoatLine(int place, int index) {
+  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
+  const int moat = kMoatLine[static_cast<std::size_t>(place - 1)];
+  switch (place) {
+    case kWhite:
+      return SquareY(index) - moat;
+    case kBlack:
+      return moat - SquareY(index);
+    case kBlue:
+      return moat - SquareX(index);
+    default:
+      return SquareX(index) - moat;
+  }
 }
 
 // How far a square is from the moat line in front of the keep of other,
 // where a pawn begins its raid.
 int MoatLineDistance(int other, int index) {
-  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
-  return std::min(
-      std::abs(AlongKeepLine(other, index) - kMoatLine[static_cast<std::size_t>(other - 1)]),
-      kFarthest);
+  return std::min(std::abs(PastMoatLine(other, index)), kFarthest);
 }
 
 // Without a pull towards the enemy nothing draws a side into the attack once
@@ -192,47 +202,42 @@ constexpr KeepSquares MakeKeepSquares() {
 }
 constexpr KeepSquares kKeepSquares = MakeKeepSquares();
 
-// What the keeps hold for a raid, looked at once per evaluation: each keep's
-// realm, and the strongest piece of each team that stands in it, which a
-// pawn of a team hostile to that one may be spent to take.
-struct KeepSurvey {
-  std::array<int, kTeamCount> realm{};
-  std::array<std::array<int, kTeamCount>, kTeamCount> standing{};  // by place, by team
-};
+// The strongest piece of each team standing in each keep, by place and
+// team, looked at once per evaluation: what a pawn of a team hostile to that
+// one may be spent to take there.
+using KeepSurvey = std::array<std::array<int, kTeamCount>, kTeamCount>;
 
 KeepSurvey SurveyKeeps(const Position& position, int personality) {
-  KeepSurvey survey;
+  KeepSurvey survey{};
   const auto& squares = position.board.squares;
-  for (std::size_t place = 0; place < kTeamCount; ++place) {
-    survey.realm[place] = squares[static_cast<std::size_t>(kKeepSquares[place][0])].realm;
+  for (std::size_t place = 0; place < kTeamCount; ++place)
     for (int index : kKeepSquares[place]) {
       const Square& square = squares[static_cast<std::size_t>(index)];
       const int team = TeamIndex(square.team);
-      if (square.piece > kCastlePawn && square.piece < kKing && team >= 0) {
-        int& best = survey.standing[place][static_cast<std::size_t>(team)];
+      if (team >= 0 && CanBeTakenByOption(square.piece)) {
+        int& best = survey[place][static_cast<std::size_t>(team)];
         best = std::max(best, PieceValue(personality, square.piece));
       }
     }
-  }
   return survey;
 }
 
 // What a pawn of team that gets into the keep at place can win there at
 // best: the strongest hostile piece standing in the keep, or the strongest
 // piece of its team that the keep's owner holds prisoner, which it may turn
-// into.
-int RaidPrize(const Position& position, const KeepSurvey& keeps, int team, int place,
-              int personality) {
+// into. hostile holds the teams hostile to team.
+int RaidPrize(const Position& position, const KeepSurvey& keeps, int team, unsigned hostile,
+              int place, int personality) {
   const std::size_t i = static_cast<std::size_t>(place - 1);
-  const int realm = keeps.realm[i];
+  const int realm = position.board.squares[static_cast<std::size_t>(kKeepSquares[i][0])].realm;
   if (TeamIndex(realm) < 0 || !StandingHostile(position, team, realm)) return 0;
   int prize = 0;
   for (int other = kWhite; other <= kRed; ++other)
-    if (IsHostile(position.gameType, team, other))
-      prize = std::max(prize, keeps.standing[i][static_cast<std::size_t>(other - 1)]);
+    if (InTeams(hostile, other))
+      prize = std::max(prize, keeps[i][static_cast<std::size_t>(other - 1)]);
   for (const DungeonPiece& prisoner :
        position.dungeons[static_cast<std::size_t>(realm - 1)].prisoners)
-    if (prisoner.team == team && prisoner.piece > kCastlePawn && prisoner.piece < kKing)
+    if (prisoner.team == team && prisoner.piece != kKing)
       prize = std::max(prize, PieceValue(personality, prisoner.piece));
   return prize;
 }
@@ -240,8 +245,7 @@ int RaidPrize(const Position& position, const KeepSurvey& keeps, int team, int p
 // How many steps a square lies outside the keep at place, counted along the
 // line from the keep to the middle; 0 inside it.
 int KeepDistance(int place, int index) {
-  const int along = AlongKeepLine(place, index);
-  return std::max(0, place == kWhite || place == kRed ? 14 - along : along - 2);
+  return std::max(0, 1 - PastMoatLine(place, index));
 }
 
 // A share of the prize, the larger the nearer the pawn stands to the keep.
@@ -252,11 +256,12 @@ constexpr int kRaidProspectShare = 4;
 // material that the other side cannot refuse by keeping out of reach: this
 // draws pawns and Castle Pawns there.
 int RaidProspect(const Position& position, const KeepSurvey& keeps, int team, int personality) {
+  const unsigned hostile = HostileTeamsOf(position.gameType, team);
   std::array<int, kTeamCount> prize{};
   bool any = false;
   for (int place = kWhite; place <= kRed; ++place) {
     prize[static_cast<std::size_t>(place - 1)] =
-        RaidPrize(position, keeps, team, place, personality);
+        RaidPrize(position, keeps, team, hostile, place, personality);
     any = any || prize[static_cast<std::size_t>(place - 1)] > 0;
   }
   if (!any) return 0;
