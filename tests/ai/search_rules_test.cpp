@@ -9,6 +9,7 @@
 #include "ai/search/zobrist.h"
 #include "core/alliances.h"
 #include "core/apply_move.h"
+#include "core/fate.h"
 #include "core/match.h"
 #include "core/new_game_data.h"
 #include "core/rules.h"
@@ -93,36 +94,65 @@ Position QueensTakenFromOthers(int gameType, int team) {
   return position;
 }
 
+// Anarchy with Blue and Red gone: White and Black fight it out alone.
+Position AnarchyDuel() {
+  Position position = StartPosition(kAnarchy);
+  for (int team : {kBlue, kRed}) {
+    ClearBoardOfTeam(position, team);
+    position.kingdomFallen[static_cast<std::size_t>(team - 1)] = true;
+  }
+  return position;
+}
+
 // A move back to where the game already stood is charged, so that a side
 // with moves of about equal worth tries a new one rather than going round
-// in circles. In Anarchy only the strongest team is charged: the others may
-// wait as long as they like.
+// in circles. In Anarchy only the strongest team, or one of the last two,
+// is charged: the others may wait as long as they like.
 TEST(SearchRulesTest, AvoidsAPositionTheGameHasStoodInUnlessWaitingInAnarchy) {
   const struct {
-    int gameType;
-    bool leads;
+    const char* name;
+    Position position;
     bool charged;
-  } cases[] = {{kAlliedNeighbors, false, true},
-               {kCrossroadAllies, false, true},
-               {kAnarchy, false, false},
-               {kAnarchy, true, true}};
+  } cases[] = {{"allied neighbours", StartPosition(kAlliedNeighbors), true},
+               {"crossroad allies", StartPosition(kCrossroadAllies), true},
+               {"anarchy", StartPosition(kAnarchy), false},
+               {"anarchy, leading", QueensTakenFromOthers(kAnarchy, kWhite), true},
+               {"anarchy, last two", AnarchyDuel(), true}};
   for (const auto& c : cases) {
-    const Position position =
-        c.leads ? QueensTakenFromOthers(c.gameType, kWhite) : StartPosition(c.gameType);
     search::SearchSettings settings = LevelSettings(kLevelMaster, kBalanced, {4, 0, 0});
     search::Searcher searcher(1);
-    const search::SearchResult first = searcher.Think(position, settings);
-    ASSERT_TRUE(first.found);
-    Position after = position;
+    const search::SearchResult first = searcher.Think(c.position, settings);
+    ASSERT_TRUE(first.found) << c.name;
+    Position after = c.position;
     ApplyMove(after, first.best);
     settings.seenKeys = {search::PositionKey(after)};
     searcher.ClearTable();
-    const search::SearchResult second = searcher.Think(position, settings);
-    ASSERT_TRUE(second.found);
-    EXPECT_EQ(second.best != first.best, c.charged)
-        << "type " << c.gameType << " leads " << c.leads;
-    EXPECT_GE(second.score, first.score - 50) << "type " << c.gameType << " leads " << c.leads;
+    const search::SearchResult second = searcher.Think(c.position, settings);
+    ASSERT_TRUE(second.found) << c.name;
+    EXPECT_EQ(second.best != first.best, c.charged) << c.name;
+    EXPECT_GE(second.score, first.score - 50) << c.name;
   }
+}
+
+// The longer a game goes on, the more a side gives up to leave old ground:
+// a game where nothing happens for long needs someone to take a risk.
+TEST(SearchRulesTest, OldGroundCostsMoreLateInAGame) {
+  Position position = StartPosition(kAlliedNeighbors);
+  search::SearchSettings settings = LevelSettings(kLevelMaster, kBalanced, {2, 0, 0});
+  MoveList moves;
+  ListBranches(position, moves);
+  for (int i = 0; i < moves.Count(); ++i) {
+    Position after = position;
+    ApplyMove(after, moves[i]);
+    settings.seenKeys.push_back(search::PositionKey(after));
+  }
+  const auto scoreAtRound = [&](int round) {
+    position.roundNumber = round;
+    search::Searcher searcher(1);
+    return searcher.Think(position, settings).score;
+  };
+  // The evaluation weighs the two rounds alike; only the charge differs.
+  EXPECT_GE(scoreAtRound(100) - scoreAtRound(200), 150);
 }
 
 TEST(SearchKeysTest, KeysFollowTheParts) {
