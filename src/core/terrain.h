@@ -8,24 +8,39 @@
 
 namespace varkesh {
 
-// The terrain and realm of (x, y) as laid out; no team and no piece.
+// How many steps (x, y) lies past the moat line on team's side of the
+// board, counted towards that edge: 0 on the moat line, 1 to 3 in the keep,
+// less than 0 on the near side. The lines are row 13 for White, column 3
+// for Blue, row 3 for Black and column 13 for Red.
+constexpr int StepsPastMoatLine(int team, int x, int y) {
+  switch (team) {
+    case kWhite:
+      return y - 13;
+    case kBlue:
+      return 3 - x;
+    case kBlack:
+      return 3 - y;
+    case kRed:
+      return x - 13;
+    default:
+      return -kDiamondSquares;  // no side of the board
+  }
+}
+
+// The terrain and realm of (x, y) as laid out; no team and no piece. The
+// four sides' moats and keeps do not meet on the diamond.
 constexpr Square LaidOutSquare(int x, int y) {
   Square square;
   if (!OnDiamond(x, y)) return square;
-  const auto set = [&square](int terrain, int realm) {
-    square.terrain = static_cast<std::int8_t>(terrain);
-    square.realm = static_cast<std::int8_t>(realm);
-  };
-  if (y >= 13) {
-    set(y == 13 ? kMoat : kKeep, kWhite);
-  } else if (y <= 3) {
-    set(y == 3 ? kMoat : kKeep, kBlack);
-  } else if (x <= 3) {
-    set(x == 3 ? kMoat : kKeep, kBlue);
-  } else if (x >= 13) {
-    set(x == 13 ? kMoat : kKeep, kRed);
-  } else {
-    set(kBattlefield, kNoTeam);
+  square.terrain = static_cast<std::int8_t>(kBattlefield);
+  square.realm = static_cast<std::int8_t>(kNoTeam);
+  for (int team = kWhite; team <= kRed; ++team) {
+    const int past = StepsPastMoatLine(team, x, y);
+    if (past >= 0) {
+      square.terrain = static_cast<std::int8_t>(past == 0 ? kMoat : kKeep);
+      square.realm = static_cast<std::int8_t>(team);
+      break;
+    }
   }
   return square;
 }

@@ -151,21 +151,9 @@ Targets TargetsOf(const Position& position, int team,
 }
 
 // How many steps a square lies past the moat line in front of the keep
-// first held by place, counted towards that keep: 1 to 3 in the keep, 0 on
-// the moat line, less than 0 on the near side.
+// first held by place, counted towards that keep.
 int PastMoatLine(int place, int index) {
-  static constexpr std::array<int, kTeamCount> kMoatLine = {13, 3, 3, 13};
-  const int moat = kMoatLine[static_cast<std::size_t>(place - 1)];
-  switch (place) {
-    case kWhite:
-      return SquareY(index) - moat;
-    case kBlack:
-      return moat - SquareY(index);
-    case kBlue:
-      return moat - SquareX(index);
-    default:
-      return SquareX(index) - moat;
-  }
+  return StepsPastMoatLine(place, SquareX(index), SquareY(index));
 }
 
 // How far a square is from the moat line in front of the keep of other,
