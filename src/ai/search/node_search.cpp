@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "ai/search/king_danger.h"
+#include "ai/search/old_ground.h"
 #include "ai/search/zobrist.h"
 #include "core/apply_move.h"
 #include "core/rules.h"
@@ -20,15 +21,6 @@ constexpr int kLateMoveDepth = 3;
 constexpr int kQuietsKept = 64;
 // What a root move that takes back the team's own last move is charged.
 constexpr int kReversalCost = 30;
-// A line that comes back to a position the game has already stood in ends
-// there, judged as it stands less this charge to the root's side: going
-// round in circles gets the team on turn nowhere, so new ground is tried.
-constexpr int kRepetitionCost = 50;
-// After this round the charge grows each round, up to its cap: a game that
-// has gone on this long needs someone to take a risk.
-constexpr int kPatientRepeats = 100;
-constexpr int kRepetitionCostCap = 250;
-constexpr int kRepetitionCostStep = 2;
 // The first and second moves are searched in full, the later quiet ones shallower.
 constexpr int kFirstReducedMove = 2;
 constexpr double kReductionBase = 0.75;
@@ -49,30 +41,10 @@ struct ReductionTable {
   }
 };
 
-int RepetitionCost(int round) {
-  return std::min(kRepetitionCostCap,
-                  kRepetitionCost + kRepetitionCostStep * std::max(0, round - kPatientRepeats));
-}
-
 int Reduction(int depth, int i) {
   static const ReductionTable table;
   return table.plies[static_cast<std::size_t>(std::clamp(depth, 0, kMaxDepth))]
                     [static_cast<std::size_t>(std::clamp(i, 0, kMaxMoves - 1))];
-}
-
-// Whether the team has to make progress rather than wait: its pieces are
-// worth more than those of every other standing team, or a single foe is
-// left, so that no one else will wear that foe down.
-bool MustPressOn(const Position& position, int team, int personality) {
-  const int mine = PiecesWorth(position, team, personality);
-  int foes = 0;
-  bool leads = true;
-  for (int t = kWhite; t <= kRed; ++t)
-    if (t != team && !TeamEntry(position.kingdomFallen, t)) {
-      ++foes;
-      if (PiecesWorth(position, t, personality) >= mine) leads = false;
-    }
-  return leads || foes <= 1;
 }
 
 }  // namespace
@@ -82,18 +54,15 @@ NodeSearch::NodeSearch(const Position& position, const SearchSettings& settings,
     : pos_(position),
       settings_(settings),
       weights_(WeightsOf(settings.personality, position.gameType, position.roundNumber)),
-      repetitionCost_(RepetitionCost(position.roundNumber)),
+      oldGroundCost_(OldGroundCost(position.roundNumber)),
       sides_{position.gameType, position.currentTeam},
       table_(table),
       stop_(stop),
       frames_(std::make_unique<Frame[]>(kMaxPly + 1)),
       start_(Clock::now()) {
-  // Old ground is charged where two alliances face each other. In Anarchy
-  // waiting while the others wear each other down is a plan, and so is
-  // holding on when behind; only the strongest team, or one of the last
-  // two, has to press on.
-  if (sides_.PoolsReplies() && !MustPressOn(position, sides_.rootTeam, settings.personality))
-    settings_.seenKeys.clear();
+  // A line that comes back to a position the game has already stood in
+  // ends there, judged as it stands less the charge to the root's side.
+  if (!ChargesOldGround(position, sides_, settings.personality)) settings_.seenKeys.clear();
   std::sort(settings_.seenKeys.begin(), settings_.seenKeys.end());
 }
 
@@ -220,7 +189,7 @@ bool NodeSearch::SeenInGame(std::uint64_t key) const {
 }
 
 int NodeSearch::ScoreSeenAgain() const {
-  return StaticEval() + (SideToMove() == 0 ? -repetitionCost_ : repetitionCost_);
+  return StaticEval() + (SideToMove() == 0 ? -oldGroundCost_ : oldGroundCost_);
 }
 
 // Passing the turn: if the other side still cannot bring the score under

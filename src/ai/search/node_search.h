@@ -81,7 +81,7 @@ class NodeSearch {
   Position pos_;
   SearchSettings settings_;
   EvalWeights weights_;
-  int repetitionCost_;  // what old ground costs the root side at this round
+  int oldGroundCost_;  // what old ground costs the root's side at this round
   Sides sides_;
   TranspositionTable& table_;
   const std::atomic<bool>* stop_;
